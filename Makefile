@@ -1,0 +1,31 @@
+# Front end for the CMake build: `make demo` and `make test` install what is
+# missing, build into build/ and run.
+BUILD_DIR ?= build
+JOBS ?= $(shell nproc 2>/dev/null || echo 2)
+CMAKE_ARGS ?=
+
+.PHONY: all deps configure build test demo asan clean
+
+all: build
+
+deps:
+	@./cmake/install-deps.sh
+
+configure: deps
+	cmake -S . -B $(BUILD_DIR) $(CMAKE_ARGS)
+
+build: configure
+	cmake --build $(BUILD_DIR) -j $(JOBS)
+
+test: build
+	cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)
+
+demo: build
+	./tools/demo.sh $(BUILD_DIR)
+
+# The whole suite under AddressSanitizer and UBSan, in build-asan/.
+asan:
+	$(MAKE) test BUILD_DIR=build-asan CMAKE_ARGS="-DRADIO_SANITIZE=ON"
+
+clean:
+	rm -rf $(BUILD_DIR)

@@ -1,0 +1,5 @@
+#include "HostEvents.h"
+
+#include <QEvent>
+
+const int WallPaperChange = QEvent::User + 1000;

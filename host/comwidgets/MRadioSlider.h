@@ -1,0 +1,85 @@
+#ifndef MRADIOSLIDER_H
+#define MRADIOSLIDER_H
+
+#include <QColor>
+#include <QPixmap>
+#include <QString>
+#include <QWidget>
+
+// Tuning scale with ticks, labels and a pointer image. Drag or tap to tune.
+//
+// Units: the range and step are given in display units (FM in MHz, AM in
+// kHz), the current frequency and freqChangedSgl in tuner units (FM in
+// 10 kHz, AM in kHz). With isFM the scale multiplies by 100 on the way in
+// and divides on the way out. A user position snaps to the nearest step
+// from freqStart and is clamped to the range; freqChangedSgl is emitted
+// once when the finger is lifted (only if the value changed), and the
+// pointer follows the finger while dragging.
+class MRadioSlider : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QString indicatePix READ indicatePix WRITE setIndicatePix)
+    Q_PROPERTY(QColor lineColor READ lineColor WRITE setLineColor)
+    Q_PROPERTY(int lineGap READ lineGap WRITE setLineGap)
+    Q_PROPERTY(float freqStart READ freqStart WRITE setFreqStart)
+    Q_PROPERTY(float freqEnd READ freqEnd WRITE setFreqEnd)
+    Q_PROPERTY(float freqStep READ freqStep WRITE setFreqStep)
+    Q_PROPERTY(float curFreq READ curFreq WRITE setCurFreq)
+    Q_PROPERTY(bool isFM READ isFM WRITE setIsFM)
+    Q_PROPERTY(int marginY READ marginY WRITE setMarginY)
+    Q_PROPERTY(int textMarginY READ textMarginY WRITE setTextMarginY)
+    Q_PROPERTY(int scaleMarginY READ scaleMarginY WRITE setScaleMarginY)
+
+public:
+    explicit MRadioSlider(QWidget* parent = nullptr);
+    ~MRadioSlider() override;
+
+    QString indicatePix() const;
+    void setIndicatePix(const QString& path);
+    QColor lineColor() const;
+    void setLineColor(const QColor& c);
+    // Pixels between two minor ticks (minimum; widened to fit the range).
+    int lineGap() const;
+    void setLineGap(int px);
+    float freqStart() const;
+    void setFreqStart(float f);
+    float freqEnd() const;
+    void setFreqEnd(float f);
+    float freqStep() const;
+    void setFreqStep(float f);
+    // Tuner units.
+    float curFreq() const;
+    void setCurFreq(float f);
+    bool isFM() const;
+    void setIsFM(bool fm);
+    int marginY() const;
+    void setMarginY(int px);
+    int textMarginY() const;
+    void setTextMarginY(int px);
+    int scaleMarginY() const;
+    void setScaleMarginY(int px);
+
+    // Tuner-unit frequency at a widget x position, snapped and clamped.
+    float freqAtX(int x) const;
+    // Widget x position of a tuner-unit frequency.
+    int xForFreq(float f) const;
+
+public slots:
+    void freqParamChangedSlot(bool isFM, float freqMin, float freqMax, float freqStep);
+    void curFreqChangedSlot(float freq);
+
+signals:
+    void freqChangedSgl(float freq);
+
+protected:
+    void paintEvent(QPaintEvent* e) override;
+    void mousePressEvent(QMouseEvent* e) override;
+    void mouseMoveEvent(QMouseEvent* e) override;
+    void mouseReleaseEvent(QMouseEvent* e) override;
+
+private:
+    struct Private;
+    Private* d;
+};
+
+#endif
