@@ -2,7 +2,7 @@
 #define RADIOMODULE_H
 
 #include "RadioInfo.h"
-#include "RadioCmdFromMCU.h"
+#include "RadioCmdMetaType.h"
 
 #include <QList>
 #include <QMutex>
