@@ -54,6 +54,11 @@ RadioKeypad::RadioKeypad(QWidget* parent)
     connect(ui->Keypad_Clear, SIGNAL(btnLongPress(QString)), this, SLOT(clearAllFreq(QString)));
     connect(ui->Keypad_OK, SIGNAL(btnClicked(QString)), this, SLOT(RadioKeypadPressed(QString)));
 
+    // The layout gives the digit keys no image of their own for the disabled
+    // state; dimming the normal one shows which digits can still follow.
+    for (HvIconButton* key : digitKeys())
+        key->setDisableMode(1);
+
     m_strFreqDigits.clear();
     m_strFreqDisp.clear();
 
@@ -276,10 +281,15 @@ void RadioKeypad::DisableSomeKeypadNums(int value, int nextMax, int nextMin)
     DisableSpecificNums(mask);
 }
 
+std::array<HvIconButton*, 10> RadioKeypad::digitKeys() const
+{
+    return {ui->Keypad_0, ui->Keypad_1, ui->Keypad_2, ui->Keypad_3, ui->Keypad_4,
+            ui->Keypad_5, ui->Keypad_6, ui->Keypad_7, ui->Keypad_8, ui->Keypad_9};
+}
+
 void RadioKeypad::DisableSpecificNums(int mask)
 {
-    HvIconButton* const keys[10] = {ui->Keypad_0, ui->Keypad_1, ui->Keypad_2, ui->Keypad_3, ui->Keypad_4,
-                                    ui->Keypad_5, ui->Keypad_6, ui->Keypad_7, ui->Keypad_8, ui->Keypad_9};
+    const std::array<HvIconButton*, 10> keys = digitKeys();
     for (int k = 0; k <= 9; ++k)
         keys[k]->setDisableState((mask & (1 << k)) != 0);
 }

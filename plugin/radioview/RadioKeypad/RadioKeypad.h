@@ -4,6 +4,9 @@
 #include <QString>
 #include <QWidget>
 
+#include <array>
+
+class HvIconButton;
 class Ui_RadioKeypad;
 
 // Direct frequency entry over the radio screen. After every accepted digit
@@ -60,6 +63,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    // Keypad_0 ... Keypad_9, indexed by digit.
+    std::array<HvIconButton*, 10> digitKeys() const;
     void handleFmInput(const QString& key);
     void handleAmInput(const QString& key);
     void acceptKey(const QString& key, bool insertPoint, int value);

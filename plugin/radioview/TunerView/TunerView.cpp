@@ -2,6 +2,7 @@
 #include "ui_RadioMain.h"
 
 #include "PtyNames.h"
+#include "RadioCmdFromMCU.h"
 #include "RadioSetting.h"
 #include "TunerRegionParam.h"
 
