@@ -28,7 +28,9 @@ public:
     ~RadioKeypad() override;
 
     // key is one digit "0"-"9", or empty to evaluate the current entry again
-    // (which also sets the first-digit mask when nothing is typed).
+    // (which also sets the first-digit mask when nothing is typed). Any other
+    // string is refused with a log line. Only the band limits are checked
+    // here; the channel grid is kept by the digit key mask.
     void HandleKeypadInput(QString key);
     void enterPressed();
     void DisableSomeKeypadNums(int value, int nextMax, int nextMin);
@@ -42,6 +44,7 @@ public:
     // are refused with a log line.
     int autoHideInterval() const;
     void setAutoHideInterval(int ms);
+    // True while the auto-hide timer runs.
     bool autoHideActive() const;
 
 signals:
