@@ -101,6 +101,10 @@ public:
     int longPressThreshold() const;
     void setLongPressThreshold(int ms);
 
+    // True while a finger is down on the button and still over it.
+    bool isPressed() const;
+    QSize sizeHint() const override;
+
 signals:
     void btnClicked(QString id);
     void btnLongPress(QString id);
@@ -113,6 +117,13 @@ protected:
     bool event(QEvent* e) override;
 
 private:
+    QFont textFont() const;
+    void pressAt(const QPoint& pos);
+    void moveTo(const QPoint& pos);
+    void releaseAt(const QPoint& pos);
+    void cancelPress();
+    void scheduleRepeat();
+
     struct Private;
     Private* d;
 };

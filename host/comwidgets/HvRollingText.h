@@ -36,6 +36,8 @@ public:
     bool isRolling() const;
     // Current horizontal offset of the text in pixels (0 when still).
     int scrollOffset() const;
+    // True while the frame timer runs (only when visible and rolling).
+    bool isTimerRunning() const;
 
 public slots:
     void setText(const QString& text);
@@ -49,6 +51,11 @@ protected:
     void changeEvent(QEvent* e) override;
 
 private:
+    QFont textFont() const;
+    int gap() const;
+    void relayout();
+    void updateTimer();
+
     struct Private;
     Private* d;
 };

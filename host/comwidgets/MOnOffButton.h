@@ -32,6 +32,9 @@ public:
     QString buttonID() const;
     void setButtonID(const QString& id);
 
+    // Painted knob position: 0 at the off end, 1 at the on end.
+    qreal knobPosition() const;
+
 signals:
     void onoffStatusChanged(QString id, bool on);
 
@@ -43,6 +46,10 @@ protected:
     void timerEvent(QTimerEvent* e) override;
 
 private:
+    QRectF trackRect() const;
+    qreal knobTravel() const;
+    void animateKnob();
+
     struct Private;
     Private* d;
 };

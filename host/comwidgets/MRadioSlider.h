@@ -15,6 +15,9 @@
 // from freqStart and is clamped to the range; freqChangedSgl is emitted
 // once when the finger is lifted (only if the value changed), and the
 // pointer follows the finger while dragging.
+//
+// Dynamic property "scaleMode": 1 draws the ticks only; any other value
+// (or none) draws the ticks with their labels.
 class MRadioSlider : public QWidget
 {
     Q_OBJECT
@@ -63,6 +66,13 @@ public:
     float freqAtX(int x) const;
     // Widget x position of a tuner-unit frequency.
     int xForFreq(float f) const;
+    // Horizontal extent of the scale: x of freqStart and of freqEnd.
+    int scaleLeft() const;
+    int scaleRight() const;
+    // Where the pointer is drawn: the finger's snapped position while
+    // dragging, else curFreq.
+    int pointerX() const;
+    bool isDragging() const;
 
 public slots:
     void freqParamChangedSlot(bool isFM, float freqMin, float freqMax, float freqStep);
@@ -78,6 +88,12 @@ protected:
     void mouseReleaseEvent(QMouseEvent* e) override;
 
 private:
+    double unitFactor() const;
+    double lowTuner() const;
+    double highTuner() const;
+    double snapTuner(double v) const;
+    QString labelText(qint64 milli) const;
+
     struct Private;
     Private* d;
 };

@@ -4,10 +4,13 @@
 #include <QRect>
 #include <QWidget>
 
+class HvIconButton;
+class QLabel;
 class QSlider;
 
 // The head unit's equaliser page: band sliders, a reset and an exit.
-// Leaving it emits exitEqSig(). Gains are kept in the settings store.
+// Leaving it emits exitEqSig(). Gains are kept in the settings store
+// under "eq/band0" .. "eq/band4".
 class SetupEqView : public QWidget
 {
     Q_OBJECT
@@ -27,7 +30,16 @@ protected:
     void paintEvent(QPaintEvent* e) override;
 
 private:
+    // Room left of the bands for the dB scale.
+    static constexpr int ScaleColumn = 64;
+
+    QPointF handleCentre(int band) const;
+
     QList<QSlider*> m_sliders;
+    QLabel* m_title = nullptr;
+    QWidget* m_bandArea = nullptr;
+    HvIconButton* m_resetBtn = nullptr;
+    HvIconButton* m_exitBtn = nullptr;
 };
 
 #endif
