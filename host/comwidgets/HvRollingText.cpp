@@ -59,13 +59,13 @@ void HvRollingText::setText(const QString& text)
 
 int HvRollingText::fontSize() const { return d->fontSize; }
 
-void HvRollingText::setFontSize(int pointSize)
+void HvRollingText::setFontSize(int pixels)
 {
-    if (pointSize < 0) {
-        qCWarning(lcRollingText) << "negative font size ignored:" << pointSize;
+    if (pixels < 0) {
+        qCWarning(lcRollingText) << "negative font size ignored:" << pixels;
         return;
     }
-    d->fontSize = pointSize;
+    d->fontSize = pixels;
     relayout();
 }
 
@@ -116,7 +116,7 @@ QFont HvRollingText::textFont() const
 {
     QFont f = font();
     if (d->fontSize > 0)
-        f.setPointSize(d->fontSize);
+        f.setPixelSize(d->fontSize);
     return f;
 }
 

@@ -12,6 +12,8 @@ class HvRollingText : public QWidget
 {
     Q_OBJECT
     Q_PROPERTY(QString text READ text WRITE setText)
+    // Text height in pixels, so a line sized to its widget fits whatever
+    // the screen density.
     Q_PROPERTY(int fontSize READ fontSize WRITE setFontSize)
     Q_PROPERTY(QColor textColor READ textColor WRITE setTextColor)
     Q_PROPERTY(Qt::Alignment alignment READ alignment WRITE setAlignment)
@@ -24,7 +26,7 @@ public:
 
     QString text() const;
     int fontSize() const;
-    void setFontSize(int pointSize);
+    void setFontSize(int pixels);
     QColor textColor() const;
     void setTextColor(const QColor& c);
     Qt::Alignment alignment() const;

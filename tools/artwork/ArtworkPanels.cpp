@@ -374,15 +374,16 @@ void settingsBackground(QPainter& p, const QSize& size)
 {
     const QRectF all(QPointF(0, 0), size);
     QLinearGradient base(all.topLeft(), all.bottomLeft());
-    base.setColorAt(0, QColor(19, 25, 36, 248));
-    base.setColorAt(1, QColor(6, 8, 12, 250));
+    base.setColorAt(0, QColor(19, 25, 36));
+    base.setColorAt(1, QColor(6, 8, 12));
     p.fillRect(all, base);
     QRadialGradient light(QPointF(size.width() - 40, 0), 460);
     light.setColorAt(0, withAlpha(blue(), 46));
     light.setColorAt(1, withAlpha(blue(), 0));
     p.fillRect(all, light);
 
-    // The page is placed 150 pixels to the left: its visible edge is there.
+    // Opaque: the page covers the preset column. It is placed 150 pixels to
+    // the left, so its visible edge is there.
     lightColumn(p, 151, 0, size.height(), withAlpha(cyan(), 170), 6);
     hairline(p, 170, size.width() - 10, 88, QColor(255, 255, 255, 40));
     hairline(p, 170, size.width() - 10, 580, QColor(255, 255, 255, 28));

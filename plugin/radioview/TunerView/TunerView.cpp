@@ -300,6 +300,10 @@ void TunerView::Tuner_UI_ScanState(unsigned char) {}
 
 void TunerView::Tuner_UI_PresetDisp(unsigned short* freqs, unsigned char* names, int)
 {
+    if (!freqs || !names) {
+        qWarning() << "Tuner_UI_PresetDisp: no preset data, labels kept";
+        return;
+    }
     for (int i = 0; i < 6 && i < m_presetBtnList.size(); ++i) {
         const unsigned int f = freqs[i];
         const QString freqText = (isFmFrequency(f) ? fmDigits(f) + QStringLiteral(" MHz")
@@ -342,6 +346,10 @@ void TunerView::Tuner_UI_CurPreset(unsigned char curBand, unsigned char curPrese
 // skipped, so the six-button main screen is left alone past its end.
 void TunerView::Tuner_UI_PresetListDisp(unsigned char band, unsigned short* freqs, unsigned char*)
 {
+    if (!freqs) {
+        qWarning() << "Tuner_UI_PresetListDisp: no preset frequencies, labels kept";
+        return;
+    }
     const bool am = isAmBand(band);
     for (int i = 0; i < 18 && i < m_presetBtnList.size(); ++i) {
         const unsigned int f = freqs[am ? 18 + i : i];
@@ -357,6 +365,10 @@ void TunerView::Tuner_UI_PresetListDisp(unsigned char band, unsigned short* freq
 
 void TunerView::PSDisp(unsigned char* ps)
 {
+    if (!ps) {
+        qWarning() << "PSDisp: no programme service name, text kept";
+        return;
+    }
     if (!m_pPSDisp)
         return;
     char buf[9];
@@ -370,6 +382,10 @@ void TunerView::PSDisp(unsigned char* ps)
 
 void TunerView::RTDisp(unsigned char* rt)
 {
+    if (!rt) {
+        qWarning() << "RTDisp: no radio text, text kept";
+        return;
+    }
     // The record holds at most 64 characters and a NUL; never read past it.
     const char* text = reinterpret_cast<const char*>(rt);
     const QString radioText = QString::fromUtf8(text, int(qstrnlen(text, 65)));
