@@ -16,15 +16,26 @@ class RadioModule;
 // written on the GUI thread, status records read by a reader thread of its
 // own and handed to the live controller (m_pTuner) or, when there is none,
 // to the host radio module. Process-wide singleton.
+//
+// Once started, the reader keeps the link up by itself: when the service
+// closes the connection or cannot be reached, it reconnects with a growing
+// delay (100 ms doubling to 5 s, +-20 %) and asks for the lists again.
+// Start, Stop and DeleteInstance belong to the GUI thread.
 class ProtocolComm
 {
 public:
     static ProtocolComm* GetInstance();
+    // Stops and joins the reader before deleting the instance.
     static void DeleteInstance();
     virtual ~ProtocolComm();
 
+    // Connects and starts the reader, which keeps trying when the service
+    // is not there yet. Does nothing while a reader runs. 0 when connected.
     int Start();
+    // Wakes the reader, joins it and closes the socket; Start() may follow.
     void Stop();
+    // 0 once all bytes are written (also for len <= 0), else the failing
+    // send result. Never raises SIGPIPE.
     int SendData(void* data, int len);
 
     void Tuner_Preset(int preset, bool longPress);
@@ -61,12 +72,32 @@ private:
     ProtocolComm(const ProtocolComm&) = delete;
     ProtocolComm& operator=(const ProtocolComm&) = delete;
 
+    int openSocket();
+    bool connectPeer(int fd);
+    void dropSocket();
+    bool reconnect(unsigned& delayMs, unsigned& jitterState);
+    bool waitBeforeRetry(int ms);
+    void handOver(const tag_RadioCmdFromMCU& record);
+    int sendFrame(uint32_t code, uint32_t param);
+    int sendMemberFrame(uint32_t code, uint32_t param);
+    int writeAll(const void* data, int len);
+    void halt();
+
     RadioCmdToMCU m_frame;
     pthread_t m_thread;
     std::atomic<int> m_runFlag;
     std::atomic<int> m_sock;
     struct sockaddr_un m_addr;
     RadioModule* m_pRadioModule;
+
+    // Serialises frame writes (GUI thread, and the reader's list request
+    // after a reconnect) and every change of m_sock.
+    std::mutex m_sendLock;
+    // Self-pipe that cuts the reader's wait between reconnect attempts short.
+    int m_wake[2];
+    std::atomic<bool> m_connected;
+    // Whether m_thread has to be joined; touched by Start/Stop only.
+    bool m_readerStarted;
 
     static ProtocolComm* m_s_ProtocolComm;
 };

@@ -1,0 +1,118 @@
+// Throughput of status records through the link's reader: a fake service
+// writes records as fast as the link takes them, the reader hands each one
+// to a counting controller. Prints records/s per write size and log sink.
+//
+// Usage: bench_linkthroughput [records per case, default 200000]
+
+#include "CountingController.h"
+#include "FakeTunerService.h"
+#include "ProtocolComm.h"
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+bool waitConnected(ProtocolComm* link, const FakeTunerService& service)
+{
+    const Clock::time_point deadline = Clock::now() + std::chrono::seconds(5);
+    while (!(link->isConnected() && service.hasClient())) {
+        if (Clock::now() > deadline)
+            return false;
+        std::this_thread::yield();
+    }
+    return true;
+}
+
+// Points stdout (the link's log) at the given file for one case.
+bool logTo(const char* path)
+{
+    fflush(stdout);
+    const int fd = open(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    if (fd < 0)
+        return false;
+    const bool ok = dup2(fd, STDOUT_FILENO) >= 0;
+    close(fd);
+    return ok;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const int records = argc > 1 ? std::max(1, atoi(argv[1])) : 200000;
+
+    FakeTunerService service;
+    if (!service.start())
+        return 1;
+    CountingController counter;
+    m_pTuner = &counter;
+    ProtocolComm* link = ProtocolComm::GetInstance();
+    if (!logTo("/dev/null"))
+        return 1;
+    link->Start();
+    if (!waitConnected(link, service)) {
+        fprintf(stderr, "link did not connect\n");
+        return 1;
+    }
+
+    char logFile[] = "/tmp/bench_linklogXXXXXX";
+    const int logFd = mkstemp(logFile);
+    if (logFd < 0)
+        return 1;
+    close(logFd);
+
+    struct Sink {
+        const char* name;
+        const char* path;
+    };
+    const Sink sinks[] = {{"log to /dev/null", "/dev/null"}, {"log to a file", logFile}};
+    const int batches[] = {1, 16, 64};
+
+    fprintf(stderr, "%d records of %zu bytes per case\n", records, sizeof(tag_RadioCmdFromMCU));
+    int status = 0;
+    for (const Sink& sink : sinks) {
+        if (!logTo(sink.path))
+            return 1;
+        for (int batch : batches) {
+            std::vector<tag_RadioCmdFromMCU> buffer(static_cast<size_t>(batch));
+            for (int i = 0; i < batch; ++i) {
+                buffer[static_cast<size_t>(i)] = tag_RadioCmdFromMCU{};
+                buffer[static_cast<size_t>(i)].cmd = static_cast<uint32_t>(i % 40);
+            }
+            const int writes = records / batch;
+            const uint64_t total = static_cast<uint64_t>(writes) * static_cast<uint64_t>(batch);
+            counter.expect(total);
+
+            const Clock::time_point start = Clock::now();
+            for (int w = 0; w < writes; ++w) {
+                if (!service.write(buffer.data(), buffer.size() * sizeof(tag_RadioCmdFromMCU))) {
+                    fprintf(stderr, "write failed\n");
+                    return 1;
+                }
+            }
+            const bool done = counter.waitForTarget(120000);
+            const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+            if (!done) {
+                fprintf(stderr, "%s, %d per write: only %llu of %llu records arrived\n", sink.name, batch,
+                        static_cast<unsigned long long>(counter.count()), static_cast<unsigned long long>(total));
+                status = 1;
+                continue;
+            }
+            fprintf(stderr, "%-18s %3d records per write: %8.3f s  %10.0f records/s  %7.1f MiB/s\n", sink.name, batch,
+                    seconds, total / seconds, total * sizeof(tag_RadioCmdFromMCU) / seconds / (1024.0 * 1024.0));
+        }
+    }
+
+    m_pTuner = nullptr;
+    ProtocolComm::DeleteInstance();
+    unlink(logFile);
+    return status;
+}
