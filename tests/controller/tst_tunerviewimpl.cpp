@@ -136,6 +136,8 @@ private:
     // control of the screen sends) closes what came before it.
     void settle();
     QList<Frame> collect();
+    // Exactly one frame (code, param) since settle(), or none for code < 0.
+    void expectFrame(int code, int param);
     template <class T>
     T* child(const char* name) const
     {
@@ -222,6 +224,16 @@ QList<Frame> tst_TunerViewImpl::collect()
         frames.removeLast();
     m_service.clearFrames();
     return frames;
+}
+
+void tst_TunerViewImpl::expectFrame(int code, int param)
+{
+    const QList<Frame> frames = collect();
+    QCOMPARE(frames.size(), code < 0 ? 0 : 1);
+    if (code < 0)
+        return;
+    QCOMPARE(frames.at(0).code, code);
+    QCOMPARE(frames.at(0).param, param);
 }
 
 void tst_TunerViewImpl::showScreen()
@@ -842,15 +854,7 @@ void tst_TunerViewImpl::commandFrames()
         break;
     }
     QVERIFY(invoked);
-    // A request list sent afterwards marks the end of what the slot wrote.
-    const QList<Frame> frames = collect();
-    if (code < 0) {
-        QCOMPARE(frames.size(), 0);
-        return;
-    }
-    QCOMPARE(frames.size(), 1);
-    QCOMPARE(frames.at(0).code, code);
-    QCOMPARE(frames.at(0).param, param);
+    expectFrame(code, param);
 }
 
 void tst_TunerViewImpl::fmAmKeyMemory()
@@ -1093,14 +1097,7 @@ void tst_TunerViewImpl::clicksReachTheTuner()
     QVERIFY(button);
     settle();
     QTest::mouseClick(button, Qt::LeftButton);
-    const QList<Frame> frames = collect();
-    if (code < 0) {
-        QCOMPARE(frames.size(), 0);
-        return;
-    }
-    QCOMPARE(frames.size(), 1);
-    QCOMPARE(frames.at(0).code, code);
-    QCOMPARE(frames.at(0).param, param);
+    expectFrame(code, param);
 }
 
 void tst_TunerViewImpl::longPressesReachTheTuner_data()
@@ -1132,10 +1129,7 @@ void tst_TunerViewImpl::longPressesReachTheTuner()
     QTest::mousePress(button, Qt::LeftButton);
     QTRY_COMPARE(longPress.count(), 1);
     QTest::mouseRelease(button, Qt::LeftButton);
-    const QList<Frame> frames = collect();
-    QCOMPARE(frames.size(), 1);
-    QCOMPARE(frames.at(0).code, code);
-    QCOMPARE(frames.at(0).param, param);
+    expectFrame(code, param);
 }
 
 void tst_TunerViewImpl::settingsSwitchesReachTheTuner_data()
