@@ -4,7 +4,8 @@
 #include <QString>
 #include <QWidget>
 
-// Base of every full-screen view of the head unit; carries the view name.
+// Base of every full-screen view of the head unit: covers the system view
+// rectangle and carries the view name.
 class BaseView : public QWidget
 {
     Q_OBJECT
