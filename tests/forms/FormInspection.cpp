@@ -6,6 +6,7 @@
 #include <QMetaProperty>
 #include <QPixmap>
 #include <QSize>
+#include <QTest>
 #include <QWidget>
 
 namespace FormInspection {
@@ -89,6 +90,82 @@ QString saveRender(QWidget* form, const QString& fileName, QString* error)
         return QString();
     }
     return path;
+}
+
+QStringList propertyTexts(const QWidget& form, const QStringList& names, const char* property)
+{
+    QStringList texts;
+    for (const QString& name : names) {
+        const QWidget* w = form.findChild<QWidget*>(name);
+        if (!w) {
+            texts << QStringLiteral("missing");
+            continue;
+        }
+        const QVariant value = w->property(property);
+        texts << (value.isValid() ? value.toString() : QStringLiteral("no %1").arg(QString::fromLatin1(property)));
+    }
+    return texts;
+}
+
+void addTopWidgetColumns()
+{
+    QTest::addColumn<QPoint>("point");
+    QTest::addColumn<QString>("top");
+}
+
+void checkTopWidgetRow(const QWidget& form)
+{
+    QFETCH(QPoint, point);
+    QFETCH(QString, top);
+    const QWidget* hit = form.childAt(point);
+    while (hit && hit->parentWidget() != &form)
+        hit = hit->parentWidget();
+    QVERIFY(hit);
+    QCOMPARE(hit->objectName(), top);
+}
+
+void addPropertyColumns()
+{
+    QTest::addColumn<QString>("widget");
+    QTest::addColumn<QString>("property");
+    QTest::addColumn<QVariant>("expected");
+}
+
+void addPropertyRow(const QString& widget, const char* property, const QVariant& expected)
+{
+    QTest::addRow("%s.%s", qPrintable(widget), property) << widget << QString::fromLatin1(property) << expected;
+}
+
+void checkPropertyRow(const QWidget& form)
+{
+    QFETCH(QString, widget);
+    QFETCH(QString, property);
+    QFETCH(QVariant, expected);
+    const QWidget* w = form.findChild<QWidget*>(widget);
+    QVERIFY(w);
+    QVERIFY(!describe(expected).contains(kOpaque));
+    QCOMPARE(describe(w->property(property.toLatin1().constData())), describe(expected));
+}
+
+void checkTextColours(const QWidget* widget, const QColor& enabled, const QColor& disabled)
+{
+    const TextColours c = windowTextColours(widget);
+    QCOMPARE(c.active, enabled);
+    QCOMPARE(c.inactive, enabled);
+    QCOMPARE(c.disabled, disabled);
+    QCOMPARE(widget->palette().brush(QPalette::Active, QPalette::WindowText).style(), Qt::SolidPattern);
+    QCOMPARE(widget->palette().brush(QPalette::Disabled, QPalette::WindowText).style(), Qt::SolidPattern);
+}
+
+void checkLookups(const RecordingTranslator& translator, const QString& context, const QStringList& sources)
+{
+    QStringList looked;
+    for (const auto& l : translator.lookups(context)) {
+        looked << l.source;
+        QVERIFY(!l.hasDisambiguation);
+        QCOMPARE(l.n, -1);
+    }
+    QCOMPARE(looked, sources);
 }
 
 } // namespace FormInspection

@@ -1,16 +1,23 @@
 #ifndef FORMINSPECTION_H
 #define FORMINSPECTION_H
 
+#include "RecordingForm.h"
+#include "RecordingTranslator.h"
+
 #include <QColor>
+#include <QCoreApplication>
 #include <QImage>
+#include <QPair>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <QVector>
 
 class QLabel;
 class QWidget;
 
-// Helpers shared by the layout tests.
+// Helpers shared by the layout tests. The check* functions report through
+// QtTest and return on the first failure, so each is called last in a test.
 namespace FormInspection {
 
 // Type and value of a property as one comparable text; colours, fonts
@@ -48,6 +55,80 @@ QVector<ImageUse> imagePaths(const QWidget* form);
 // Renders the form into $RADIO_TEST_OUTPUT/<fileName>. Returns the path
 // written, or an empty string with *error set.
 QString saveRender(QWidget* form, const QString& fileName, QString* error);
+
+// The given property of each named child of the form, as text; "missing"
+// for a child that is not there, "no <property>" for one without it.
+QStringList propertyTexts(const QWidget& form, const QStringList& names, const char* property);
+
+// A form's Ui members, each with the object name the layout gives it.
+using Members = QVector<QPair<QString, QWidget*>>;
+
+// A form built by its layout.
+struct BuiltForm
+{
+    virtual ~BuiltForm() = default;
+    // What a language change does to the layout's texts.
+    virtual void retranslate() = 0;
+
+    RecordingForm form;
+};
+
+// A form built by its generated Ui class. The form carries objectName
+// before set-up; an empty one leaves the naming to the layout.
+template <class Ui>
+struct SetUpForm : BuiltForm
+{
+    explicit SetUpForm(const QString& objectName = QString())
+    {
+        form.setObjectName(objectName);
+        ui.setupUi(&form);
+    }
+
+    void retranslate() override { ui.retranslateUi(&form); }
+
+    Ui ui;
+};
+
+// A form built with a RecordingTranslator installed. At the first lookup in
+// `context` the widgets are built but nothing is translated yet: `before`
+// holds the `property` of each widget in `watched` at that moment.
+template <class Ui>
+struct TranslatedForm
+{
+    explicit TranslatedForm(const QString& context, const QStringList& watched = QStringList(),
+                            const char* property = "text")
+    {
+        translator.setHook([this, context, watched, property](const RecordingTranslator::Lookup& lookup) {
+            if (lookup.context == context && before.isEmpty())
+                before = propertyTexts(form, watched, property);
+        });
+        installed = QCoreApplication::installTranslator(&translator);
+        ui.setupUi(&form);
+        QCoreApplication::removeTranslator(&translator);
+    }
+
+    RecordingForm form;
+    Ui ui;
+    RecordingTranslator translator;
+    bool installed = false;
+    QStringList before;
+};
+
+// Table of points and the direct child of the form on top there.
+void addTopWidgetColumns();
+void checkTopWidgetRow(const QWidget& form);
+
+// Table of widget properties, compared through describe().
+void addPropertyColumns();
+void addPropertyRow(const QString& widget, const char* property, const QVariant& expected);
+void checkPropertyRow(const QWidget& form);
+
+// Solid WindowText colours: `enabled` when active and inactive, `disabled`.
+void checkTextColours(const QWidget* widget, const QColor& enabled, const QColor& disabled);
+
+// Every lookup in `context` has neither a disambiguation nor a plural
+// count, and their source texts are `sources`, in order.
+void checkLookups(const RecordingTranslator& translator, const QString& context, const QStringList& sources);
 
 } // namespace FormInspection
 

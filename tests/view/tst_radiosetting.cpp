@@ -81,7 +81,12 @@ public:
     }
 };
 
+// One of the page's switch setters.
+using SwitchSetter = void (RadioSetting::*)(bool);
+
 } // namespace
+
+Q_DECLARE_METATYPE(SwitchSetter)
 
 class tst_RadioSetting : public QObject
 {
@@ -194,33 +199,24 @@ void tst_RadioSetting::closeButtonRequestsExit()
 void tst_RadioSetting::statusSetters_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("setter");
-    QTest::newRow("AF") << "AFBtn" << 0;
-    QTest::newRow("TA") << "TABtn" << 1;
-    QTest::newRow("REG") << "RegBtn" << 2;
-    QTest::newRow("scan") << "ScanBtn" << 3;
-    QTest::newRow("LOC") << "LocOnOff" << 4;
+    QTest::addColumn<SwitchSetter>("setter");
+    QTest::newRow("AF") << "AFBtn" << &RadioSetting::AFStatusSetting;
+    QTest::newRow("TA") << "TABtn" << &RadioSetting::TAStatusSetting;
+    QTest::newRow("REG") << "RegBtn" << &RadioSetting::REGStatusSetting;
+    QTest::newRow("scan") << "ScanBtn" << &RadioSetting::ScanStatusSetting;
+    QTest::newRow("LOC") << "LocOnOff" << &RadioSetting::LocStatusSetting;
 }
 
 void tst_RadioSetting::statusSetters()
 {
     QFETCH(QString, name);
-    QFETCH(int, setter);
+    QFETCH(SwitchSetter, setter);
     RadioSetting page;
-    const auto set = [&page, setter](bool on) {
-        switch (setter) {
-        case 0: page.AFStatusSetting(on); break;
-        case 1: page.TAStatusSetting(on); break;
-        case 2: page.REGStatusSetting(on); break;
-        case 3: page.ScanStatusSetting(on); break;
-        default: page.LocStatusSetting(on); break;
-        }
-    };
     PageSignals all(&page);
-    set(true);
+    (page.*setter)(true);
     for (const char* other : SwitchNames)
         QCOMPARE(page.findChild<MOnOffButton*>(QLatin1String(other))->onoffStatus(), name == QLatin1String(other));
-    set(false);
+    (page.*setter)(false);
     for (const char* other : SwitchNames)
         QVERIFY(!page.findChild<MOnOffButton*>(QLatin1String(other))->onoffStatus());
     // A state the tuner reports is not sent back as a request.

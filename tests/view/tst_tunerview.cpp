@@ -94,6 +94,64 @@ QSize bkgSize(TunerView& view)
     return label(view, "bkg")->pixmap(Qt::ReturnByValue).size();
 }
 
+// Starts the AS/PS indicator with a short blink period; returns it.
+QLabel* startFastBlink(TunerView& view, int isPS)
+{
+    TunerView::s_asPsBlinkMs = 20;
+    view.StartAsPsDisp(static_cast<unsigned char>(isPS));
+    return label(view, "AS_PS_DispLabel");
+}
+
+// Shows a band and frequency as the controller does, scale included.
+void tuneTo(TunerView& view, unsigned char band, uint freq, unsigned char dxLoc)
+{
+    view.Tuner_UI_CurBand(band);
+    view.checkFreqParam(band);
+    view.Tuner_UI_Freq(freq);
+    emit view.sigRadioCurFreqChanged(float(freq));
+    view.Tuner_UI_DxLoc(dxLoc, band);
+}
+
+// Writes a render to $RADIO_TEST_OUTPUT/<fileName>; returns the path, or
+// an empty one when it could not be written.
+QString saveRender(const QImage& image, const QString& fileName)
+{
+    const QString dir = qEnvironmentVariable("RADIO_TEST_OUTPUT");
+    const QString path = QDir(dir).filePath(fileName);
+    return QDir().mkpath(dir) && image.save(path, "PNG") ? path : QString();
+}
+
+// The audio situations that decide whether the view mutes by itself:
+// "ownMute" is set where the radio is heard, so that a mute the view takes
+// matters and is given back.
+void addAudioRows()
+{
+    QTest::addColumn<bool>("audio");
+    QTest::addColumn<bool>("userMute");
+    QTest::addColumn<bool>("ownMute");
+    QTest::newRow("audio playing") << true << false << true;
+    QTest::newRow("user muted") << true << true << false;
+    QTest::newRow("no audio control") << false << false << false;
+}
+
+// Sets the audio control up as a row of addAudioRows() describes it.
+void setUpAudio(bool audio, bool userMute)
+{
+    if (!audio)
+        AudioControl::destroyInstance();
+    else if (userMute)
+        AudioControl::getInstance()->setMute(true, true);
+}
+
+// Starts the standby countdown and waits for it to run out; false when it
+// did not within QTRY's usual five seconds.
+bool standbyRunsOut(TunerView& view)
+{
+    QSignalSpy standby(&view, &TunerView::sigReqShowStandby);
+    view.resetStandbyTimetSlot();
+    return QTest::qWaitFor([&standby] { return standby.count() == 1; });
+}
+
 // Translates the programme-type names in the context they are looked up in.
 class PtyTranslator : public QTranslator
 {
@@ -163,7 +221,12 @@ std::unique_ptr<QEvent> makeEvent(int kind)
     }
 }
 
+// One of the view's switch setters.
+using SwitchSetter = void (TunerView::*)(bool);
+
 } // namespace
+
+Q_DECLARE_METATYPE(SwitchSetter)
 
 class tst_TunerView : public QObject
 {
@@ -260,6 +323,7 @@ private slots:
     void standbySlots();
     void startupHardMute_data();
     void startupHardMute();
+    void startupHardMuteWithoutPlatformControl();
     void startupHardMuteReleasedByDestructor_data();
     void startupHardMuteReleasedByDestructor();
     void startupHardMuteNotReleasedAfterTick();
@@ -743,10 +807,8 @@ void tst_TunerView::asPsBlinks()
 {
     QFETCH(int, isPS);
     QFETCH(QString, text);
-    TunerView::s_asPsBlinkMs = 20;
     TunerView view;
-    QLabel* indicator = label(view, "AS_PS_DispLabel");
-    view.StartAsPsDisp(static_cast<unsigned char>(isPS));
+    QLabel* indicator = startFastBlink(view, isPS);
     QCOMPARE(indicator->text(), text);
     QVERIFY(view.isAsPsBlinking());
     QTRY_COMPARE(indicator->text(), QString());
@@ -778,10 +840,8 @@ void tst_TunerView::asPsSwitchShowsAtOnceAndRestarts()
 
 void tst_TunerView::stopAsPsClears()
 {
-    TunerView::s_asPsBlinkMs = 20;
     TunerView view;
-    QLabel* indicator = label(view, "AS_PS_DispLabel");
-    view.StartAsPsDisp(1);
+    QLabel* indicator = startFastBlink(view, 1);
     view.StopAsPsDisp();
     QCOMPARE(indicator->text(), QString());
     QVERIFY(!view.isAsPsBlinking());
@@ -799,33 +859,25 @@ void tst_TunerView::stopAsPsClears()
 
 void tst_TunerView::autoSearchMute_data()
 {
-    QTest::addColumn<bool>("audio");
-    QTest::addColumn<bool>("userMute");
-    QTest::addColumn<bool>("taken");
-    QTest::newRow("audio playing") << true << false << true;
-    QTest::newRow("user muted") << true << true << false;
-    QTest::newRow("no audio control") << false << false << false;
+    addAudioRows();
 }
 
 void tst_TunerView::autoSearchMute()
 {
     QFETCH(bool, audio);
     QFETCH(bool, userMute);
-    QFETCH(bool, taken);
-    if (!audio)
-        AudioControl::destroyInstance();
-    else if (userMute)
-        AudioControl::getInstance()->setMute(true, true);
+    QFETCH(bool, ownMute);
+    setUpAudio(audio, userMute);
     TunerView view;
     if (audio)
         AudioControl::getInstance()->clearCalls();
 
     view.Tuner_UI_ASPSState(1, 0);
     QVERIFY(button(view, "AutoSearch")->isDown());
-    QCOMPARE(view.holdsAsMute(), taken);
+    QCOMPARE(view.holdsAsMute(), ownMute);
     if (audio) {
         QCOMPARE(AudioControl::getInstance()->calls(),
-                 taken ? QStringList{QStringLiteral("setMute(true,false)")} : QStringList());
+                 ownMute ? QStringList{QStringLiteral("setMute(true,false)")} : QStringList());
         QVERIFY(AudioControl::getInstance()->isMute());
         AudioControl::getInstance()->clearCalls();
     }
@@ -835,7 +887,7 @@ void tst_TunerView::autoSearchMute()
     if (audio) {
         // Only the view's own mute is given back; the user's stays.
         QCOMPARE(AudioControl::getInstance()->calls(),
-                 taken ? QStringList{QStringLiteral("setMute(false,false)")} : QStringList());
+                 ownMute ? QStringList{QStringLiteral("setMute(false,false)")} : QStringList());
         QCOMPARE(AudioControl::getInstance()->isMute(), userMute);
     }
 }
@@ -1603,79 +1655,69 @@ void tst_TunerView::standbySlots()
 
 void tst_TunerView::startupHardMute_data()
 {
-    QTest::addColumn<bool>("platform");
-    QTest::addColumn<bool>("audio");
-    QTest::addColumn<bool>("userMute");
-    QTest::addColumn<bool>("holds");
-    QTest::addColumn<bool>("released");
-    QTest::newRow("released") << true << true << false << true << true;
-    QTest::newRow("user muted: stays") << true << true << true << true << false;
-    QTest::newRow("no audio control: stays") << true << false << false << true << false;
-    QTest::newRow("no platform control") << false << true << false << false << false;
+    addAudioRows();
 }
 
 void tst_TunerView::startupHardMute()
 {
-    QFETCH(bool, platform);
     QFETCH(bool, audio);
     QFETCH(bool, userMute);
-    QFETCH(bool, holds);
-    QFETCH(bool, released);
-    if (!platform)
-        PlatformControl::destroyInstance();
-    if (!audio)
-        AudioControl::destroyInstance();
-    else if (userMute)
-        AudioControl::getInstance()->setMute(true, true);
-
+    QFETCH(bool, ownMute);
+    setUpAudio(audio, userMute);
     TunerView::s_startupMuteMs = 10;
     TunerView::s_standbyMs = 200;
     TunerView view;
-    QCOMPARE(view.holdsHardMute(), holds);
-    // Appears later: shows what the expiry does when the view holds nothing.
-    PlatformControl* pc = PlatformControl::createInstance();
-    const QStringList atStart = holds ? QStringList{QStringLiteral("setHardMute(true)")} : QStringList();
+    QVERIFY(view.holdsHardMute());
+    PlatformControl* pc = PlatformControl::getInstance();
+    const QStringList atStart{QStringLiteral("setHardMute(true)")};
     QCOMPARE(pc->calls(), atStart);
-    QCOMPARE(pc->isHardMute(), holds);
+    QVERIFY(pc->isHardMute());
 
-    // The longer standby countdown runs out after the start-up one.
-    QSignalSpy standby(&view, &TunerView::sigReqShowStandby);
-    view.resetStandbyTimetSlot();
-    QTRY_COMPARE(standby.count(), 1);
+    // The longer standby countdown runs out after the start-up one. The
+    // hard mute is given back only where the radio is heard.
+    QVERIFY(standbyRunsOut(view));
     QVERIFY(!view.holdsHardMute());
-    QCOMPARE(pc->calls(), released ? atStart + QStringList{QStringLiteral("setHardMute(false)")} : atStart);
-    QCOMPARE(pc->isHardMute(), holds && !released);
+    QCOMPARE(pc->calls(), ownMute ? atStart + QStringList{QStringLiteral("setHardMute(false)")} : atStart);
+    QCOMPARE(pc->isHardMute(), !ownMute);
     if (audio)
         QCOMPARE(AudioControl::getInstance()->isMute(), userMute);
 }
 
+void tst_TunerView::startupHardMuteWithoutPlatformControl()
+{
+    PlatformControl::destroyInstance();
+    TunerView::s_startupMuteMs = 10;
+    TunerView::s_standbyMs = 200;
+    TunerView view;
+    QVERIFY(!view.holdsHardMute());
+    // Appears later: shows what the expiry does when the view holds nothing.
+    PlatformControl* pc = PlatformControl::createInstance();
+    QVERIFY(standbyRunsOut(view));
+    QVERIFY(!view.holdsHardMute());
+    QCOMPARE(pc->calls(), QStringList());
+    QVERIFY(!pc->isHardMute());
+    QVERIFY(!AudioControl::getInstance()->isMute());
+}
+
 void tst_TunerView::startupHardMuteReleasedByDestructor_data()
 {
-    QTest::addColumn<bool>("audio");
-    QTest::addColumn<bool>("userMute");
-    QTest::addColumn<bool>("released");
-    QTest::newRow("released") << true << false << true;
-    QTest::newRow("user muted: stays") << true << true << false;
-    QTest::newRow("no audio control: stays") << false << false << false;
+    addAudioRows();
 }
 
 void tst_TunerView::startupHardMuteReleasedByDestructor()
 {
     QFETCH(bool, audio);
     QFETCH(bool, userMute);
-    QFETCH(bool, released);
-    if (!audio)
-        AudioControl::destroyInstance();
-    else if (userMute)
-        AudioControl::getInstance()->setMute(true, true);
+    QFETCH(bool, ownMute);
+    setUpAudio(audio, userMute);
     PlatformControl* pc = PlatformControl::getInstance();
     {
         TunerView view;
         QVERIFY(view.holdsHardMute());
         pc->clearCalls();
     }
-    QCOMPARE(pc->calls(), released ? QStringList{QStringLiteral("setHardMute(false)")} : QStringList());
-    QCOMPARE(pc->isHardMute(), !released);
+    QCOMPARE(pc->calls(), ownMute ? QStringList{QStringLiteral("setHardMute(false)")} : QStringList());
+    QCOMPARE(pc->isHardMute(), !ownMute);
 }
 
 void tst_TunerView::startupHardMuteNotReleasedAfterTick()
@@ -1696,20 +1738,15 @@ void tst_TunerView::startupHardMuteNotReleasedAfterTick()
 
 void tst_TunerView::languageChangeRestoresAsPs_data()
 {
-    QTest::addColumn<int>("isPS");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("AS") << 0 << "AS";
-    QTest::newRow("PS") << 1 << "PS";
+    asPsBlinks_data();
 }
 
 void tst_TunerView::languageChangeRestoresAsPs()
 {
     QFETCH(int, isPS);
     QFETCH(QString, text);
-    TunerView::s_asPsBlinkMs = 20;
     TunerView view;
-    QLabel* indicator = label(view, "AS_PS_DispLabel");
-    view.StartAsPsDisp(static_cast<unsigned char>(isPS));
+    QLabel* indicator = startFastBlink(view, isPS);
     QTRY_COMPARE(indicator->text(), QString());  // dark phase
     sendLanguageChange(&view);
     QCOMPARE(indicator->text(), text);
@@ -2111,32 +2148,24 @@ void tst_TunerView::pageSignalsRelayed()
 void tst_TunerView::statusSettingForwarded_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("setter");
-    QTest::newRow("AF") << "AFBtn" << 0;
-    QTest::newRow("TA") << "TABtn" << 1;
-    QTest::newRow("REG") << "RegBtn" << 2;
-    QTest::newRow("scan type") << "ScanBtn" << 3;
+    QTest::addColumn<SwitchSetter>("setter");
+    QTest::newRow("AF") << "AFBtn" << &TunerView::AFStatusSetting;
+    QTest::newRow("TA") << "TABtn" << &TunerView::TAStatusSetting;
+    QTest::newRow("REG") << "RegBtn" << &TunerView::REGStatusSetting;
+    QTest::newRow("scan type") << "ScanBtn" << &TunerView::ScanTypeSetting;
 }
 
 void tst_TunerView::statusSettingForwarded()
 {
     QFETCH(QString, name);
-    QFETCH(int, setter);
+    QFETCH(SwitchSetter, setter);
     TunerView view;
-    const auto set = [&view, setter](bool on) {
-        switch (setter) {
-        case 0: view.AFStatusSetting(on); break;
-        case 1: view.TAStatusSetting(on); break;
-        case 2: view.REGStatusSetting(on); break;
-        default: view.ScanTypeSetting(on); break;
-        }
-    };
     auto* sw = child<MOnOffButton>(*view.settingPage(), name);
-    set(true);
+    (view.*setter)(true);
     QVERIFY(sw->onoffStatus());
     for (MOnOffButton* other : view.settingPage()->findChildren<MOnOffButton*>())
         QCOMPARE(other->onoffStatus(), other == sw);
-    set(false);
+    (view.*setter)(false);
     QVERIFY(!sw->onoffStatus());
 }
 
@@ -2288,18 +2317,11 @@ void tst_TunerView::powerButtonWhenLayoutHasOne()
 
 void tst_TunerView::renderScreen()
 {
-    const QString outDir = qEnvironmentVariable("RADIO_TEST_OUTPUT");
-    if (outDir.isEmpty())
+    if (qEnvironmentVariableIsEmpty("RADIO_TEST_OUTPUT"))
         QSKIP("RADIO_TEST_OUTPUT not set");
-    QVERIFY(QDir().mkpath(outDir));
-
     auto view = makeView();
     view->SetRadioRegion(12);
-    view->Tuner_UI_CurBand(0);
-    view->checkFreqParam(0);
-    view->Tuner_UI_Freq(10510);
-    emit view->sigRadioCurFreqChanged(10510.0f);
-    view->Tuner_UI_DxLoc(0, 0);
+    tuneTo(*view, 0, 10510, 0);
     unsigned short freqs[12] = {8750, 9010, 9810, 10160, 10510, 10800};
     QByteArray names = bytes8("RADIO 1 ") + bytes8("") + bytes8("JAZZ FM ") + QByteArray(8, '\0')
         + bytes8("  ROCK  ") + bytes8("NEWS 24 ") + QByteArray(48, ' ');
@@ -2318,24 +2340,17 @@ void tst_TunerView::renderScreen()
 
     const QImage image = view->grab().toImage();
     QCOMPARE(image.size(), QSize(1280, 720));
-    const QString path = outDir + QStringLiteral("/tunerview.png");
-    QVERIFY(image.save(path, "PNG"));
+    const QString path = saveRender(image, QStringLiteral("tunerview.png"));
+    QVERIFY(!path.isEmpty());
     QVERIFY(!QImage(path).isNull());
 }
 
 void tst_TunerView::renderSettingsPage()
 {
-    const QString outDir = qEnvironmentVariable("RADIO_TEST_OUTPUT");
-    if (outDir.isEmpty())
+    if (qEnvironmentVariableIsEmpty("RADIO_TEST_OUTPUT"))
         QSKIP("RADIO_TEST_OUTPUT not set");
-    QVERIFY(QDir().mkpath(outDir));
-
     auto view = makeView();
-    view->Tuner_UI_CurBand(3);
-    view->checkFreqParam(3);
-    view->Tuner_UI_Freq(999);
-    emit view->sigRadioCurFreqChanged(999.0f);
-    view->Tuner_UI_DxLoc(1, 3);
+    tuneTo(*view, 3, 999, 1);
     view->AFStatusSetting(true);
     view->TAStatusSetting(false);
     view->REGStatusSetting(true);
@@ -2346,8 +2361,7 @@ void tst_TunerView::renderSettingsPage()
     QVERIFY(view->settingPage()->isVisible());
 
     const QImage image = view->grab().toImage();
-    const QString path = outDir + QStringLiteral("/tunerview-settings.png");
-    QVERIFY(image.save(path, "PNG"));
+    QVERIFY(!saveRender(image, QStringLiteral("tunerview-settings.png")).isEmpty());
     // The page covers the left 450 pixels: its pixels differ from the
     // screen without it.
     view->settingPage()->hide();
