@@ -112,11 +112,6 @@ void FormSuite::membersInCreationOrder()
     QCOMPARE(built->form.creationOrder(), m_layout.members);
 }
 
-void FormSuite::stackingOrder()
-{
-    QCOMPARE(build(QString())->form.stackingOrder(), m_layout.stacking);
-}
-
 void FormSuite::labelPixmaps_data()
 {
     QTest::addColumn<QString>("path");

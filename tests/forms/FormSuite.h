@@ -50,7 +50,6 @@ private slots:
     void widgets_data();
     void widgets();
     void membersInCreationOrder();
-    void stackingOrder();
     void labelPixmaps_data();
     void labelPixmaps();
     void imagePathCount();

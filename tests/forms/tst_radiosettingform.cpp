@@ -95,13 +95,7 @@ void TestRadioSettingForm::rowsInStackingOrder_data()
     QTest::newRow("AF row image") << QPoint(250, 180) << "label_1";
     QTest::newRow("AF caption") << QPoint(60, 140) << "af_label";
     QTest::newRow("AF switch") << QPoint(360, 140) << "AFBtn";
-    QTest::newRow("TA row image") << QPoint(250, 265) << "label_2";
-    QTest::newRow("TA caption") << QPoint(60, 230) << "ta_label";
-    QTest::newRow("TA switch") << QPoint(360, 230) << "TABtn";
     QTest::newRow("REG caption over row image") << QPoint(60, 300) << "REG_label";
-    QTest::newRow("REG switch") << QPoint(360, 320) << "RegBtn";
-    QTest::newRow("LOC caption") << QPoint(60, 420) << "LOC_label";
-    QTest::newRow("LOC switch") << QPoint(360, 410) << "LocOnOff";
     QTest::newRow("LOC row image") << QPoint(250, 450) << "label_4";
     QTest::newRow("back button") << QPoint(360, 650) << "setup_close";
 }

@@ -74,7 +74,6 @@ private slots:
     void cleanup();
 
     void construction();
-    void defaultRegionIs12();
     void keySequence_data();
     void keySequence();
     void confirm_data();
@@ -93,7 +92,6 @@ private slots:
     void longPressClearsEntry();
     void clearKeysOnEmptyEntry_data();
     void clearKeysOnEmptyEntry();
-    void clearAllFreqOtherId();
     void bandChange_data();
     void bandChange();
     void outOfRangeRegion_data();
@@ -106,7 +104,6 @@ private slots:
     void releaseWhileHidden_data();
     void releaseWhileHidden();
     void showEventWhileHiddenFiresOnce();
-    void wallPaperAfterConstruction();
     void wallPaperChange_data();
     void wallPaperChange();
     void noAppData();
@@ -254,19 +251,6 @@ void tst_RadioKeypad::construction()
     QCOMPARE(offered(), QStringLiteral("0123456789"));
 }
 
-void tst_RadioKeypad::defaultRegionIs12()
-{
-    // Without a region from the host the pad uses region 12: FM 8750-10800
-    // in 50 kHz steps, so 87.5 may take a hundredths digit 0 or 5.
-    m_keypad = new RadioKeypad(m_screen);
-    m_keypad->show();
-    m_keypad->HandleKeypadInput(QString());
-    QCOMPARE(offered(), QStringLiteral("189"));
-    QVERIFY(clickKeys(QStringLiteral("875")));
-    QCOMPARE(display(), QStringLiteral("87.5"));
-    QCOMPARE(offered(), QStringLiteral("05"));
-}
-
 void tst_RadioKeypad::keySequence_data()
 {
     QTest::addColumn<int>("region");
@@ -283,9 +267,6 @@ void tst_RadioKeypad::keySequence_data()
     QTest::newRow("step 10: 1 offers only 0, clicked 5 rejected, 105.1")
         << 6 << 0 << "189" << "15051" << QStringList{"1", "1", "10", "105.", "105.1"}
         << QStringList{"0", "0", "012345678", "0123456789", ""};
-    QTest::newRow("step 10: top of band 108.")
-        << 6 << 0 << "189" << "1080" << QStringList{"1", "10", "108.", "108.0"}
-        << QStringList{"0", "012345678", "0", ""};
     // FM 8750-10800, 50 kHz grid.
     QTest::newRow("step 5: hundredths 0 and 5, 87.55")
         << 12 << 0 << "189" << "8755" << QStringList{"8", "87.", "87.5", "87.55"}
@@ -307,8 +288,6 @@ void tst_RadioKeypad::keySequence_data()
     QTest::newRow("region 0: 87. offers only 9")
         << 0 << 0 << "189" << "8759" << QStringList{"8", "87.", "87.", "87.9"}
         << QStringList{"789", "9", "9", ""};
-    QTest::newRow("region 0: 88. offers odd tenths")
-        << 0 << 0 << "189" << "88" << QStringList{"8", "88."} << QStringList{"789", "13579"};
     // FM 8810-10790, 200 kHz grid from 88.1.
     QTest::newRow("region 7: 88. offers odd tenths")
         << 7 << 0 << "189" << "881" << QStringList{"8", "88.", "88.1"} << QStringList{"89", "13579", ""};
@@ -316,14 +295,9 @@ void tst_RadioKeypad::keySequence_data()
     QTest::newRow("step 3: 65.03")
         << 9 << 0 << "67" << "6503" << QStringList{"6", "65.", "65.0", "65.03"}
         << QStringList{"56789", "0123456789", "0369", ""};
-    QTest::newRow("step 3: top of band 74.00")
-        << 9 << 0 << "67" << "7400" << QStringList{"7", "74.", "74.0", "74.00"}
-        << QStringList{"01234", "0", "0", ""};
     // FM 7600-9000 and 7600-10800, 100 kHz grid.
     QTest::newRow("region 5: 90.0")
         << 5 << 1 << "789" << "900" << QStringList{"9", "90.", "90.0"} << QStringList{"0", "0", ""};
-    QTest::newRow("region 5: 7 offers 6 to 9")
-        << 5 << 2 << "789" << "76" << QStringList{"7", "76."} << QStringList{"6789", "0123456789"};
     QTest::newRow("region 4: first digits 1 7 8 9")
         << 4 << 0 << "1789" << "76" << QStringList{"7", "76."} << QStringList{"6789", "0123456789"};
     // AM 522-1629, 9 kHz grid.
@@ -343,20 +317,13 @@ void tst_RadioKeypad::keySequence_data()
     QTest::newRow("AM step 10: 53 offers 0")
         << 0 << 4 << "156789" << "530" << QStringList{"5", "53", "530"}
         << QStringList{"3456789", "0", ""};
-    QTest::newRow("AM step 10 from 520: 52 offers 0")
-        << 19 << 3 << "156789" << "52" << QStringList{"5", "52"} << QStringList{"23456789", "0"};
     // Backspace.
     QTest::newRow("backspace 87.5 -> 87. -> 8 -> empty, then nothing")
         << 6 << 0 << "189" << "875<<<<" << QStringList{"8", "87.", "87.5", "87.", "8", "", ""}
         << QStringList{"789", "56789", "", "56789", "789", "189", "189"};
-    QTest::newRow("backspace 105.1 -> 105.")
-        << 1 << 0 << "189" << "1051<" << QStringList{"1", "10", "105.", "105.1", "105."}
-        << QStringList{"0", "01234567", "13579", "", "13579"};
     QTest::newRow("backspace 65.03 -> 65.0")
         << 9 << 0 << "67" << "6503<" << QStringList{"6", "65.", "65.0", "65.03", "65.0"}
         << QStringList{"56789", "0123456789", "0369", "", "0369"};
-    QTest::newRow("backspace AM 53 -> 5")
-        << 4 << 3 << "156789" << "53<" << QStringList{"5", "53", "5"} << QStringList{"23456789", "1", "23456789"};
 }
 
 void tst_RadioKeypad::keySequence()
@@ -392,30 +359,21 @@ void tst_RadioKeypad::confirm_data()
     QTest::addColumn<int>("expected"); // -1: nothing emitted
 
     QTest::newRow("87.5 step 10") << 6 << 0 << "875" << 8750;
-    QTest::newRow("87.50 step 5") << 12 << 0 << "8750" << 8750;
     QTest::newRow("87.55 step 5") << 12 << 0 << "8755" << 8755;
     QTest::newRow("105. is 105.00") << 6 << 0 << "105" << 10500;
-    QTest::newRow("105.1") << 6 << 0 << "1051" << 10510;
     QTest::newRow("108. top of band") << 6 << 0 << "108" << 10800;
     QTest::newRow("87. below band") << 6 << 0 << "87" << -1;
     QTest::newRow("8 has no point") << 6 << 0 << "8" << -1;
-    QTest::newRow("10 has no point") << 6 << 0 << "10" << -1;
     QTest::newRow("nothing typed") << 6 << 0 << "" << -1;
-    QTest::newRow("87.5 step 20") << 1 << 0 << "875" << 8750;
     QTest::newRow("107.90 step 20") << 1 << 0 << "10790" << 10790;
     QTest::newRow("87.9 region 0") << 0 << 0 << "879" << 8790;
-    QTest::newRow("87. region 0 below band") << 0 << 0 << "87" << -1;
     QTest::newRow("65.03 step 3") << 9 << 0 << "6503" << 6503;
-    QTest::newRow("65. step 3") << 9 << 0 << "65" << 6500;
     QTest::newRow("74.00 top of band step 3") << 9 << 0 << "7400" << 7400;
-    QTest::newRow("90.0 region 5") << 5 << 0 << "900" << 9000;
     QTest::newRow("76. region 4") << 4 << 0 << "76" << 7600;
     QTest::newRow("AM 53 too short") << 4 << 3 << "53" << -1;
     QTest::newRow("AM 531") << 4 << 3 << "531" << 531;
-    QTest::newRow("AM 1629") << 4 << 4 << "1629" << 1629;
     QTest::newRow("AM 100 below band") << 4 << 3 << "100" << -1;
     QTest::newRow("AM 1710 step 10") << 0 << 3 << "1710" << 1710;
-    QTest::newRow("AM 530 step 10") << 0 << 3 << "530" << 530;
     QTest::newRow("AM 520 region 19") << 19 << 3 << "520" << 520;
 }
 
@@ -533,15 +491,11 @@ void tst_RadioKeypad::badKeys_data()
     const QString notOneDigit = QStringLiteral("not one digit");
     const QString unknownId = QStringLiteral("unknown key id");
     QTest::newRow("two digits") << false << "12" << notOneDigit;
-    QTest::newRow("letter") << false << "a" << notOneDigit;
     QTest::newRow("negative") << false << "-1" << notOneDigit;
-    QTest::newRow("leading space") << false << " 5" << notOneDigit;
     QTest::newRow("fullwidth five") << false << QString(QChar(0xFF15)) << notOneDigit;
-    QTest::newRow("arabic-indic five") << false << QString(QChar(0x0665)) << notOneDigit;
     QTest::newRow("dispatch: two digits") << true << "12" << notOneDigit;
     QTest::newRow("dispatch: letters") << true << "ID_band" << unknownId;
     QTest::newRow("dispatch: empty id") << true << "" << unknownId;
-    QTest::newRow("dispatch: decimal point") << true << "." << unknownId;
 }
 
 void tst_RadioKeypad::badKeys()
@@ -572,10 +526,8 @@ void tst_RadioKeypad::digitMask_data()
     QTest::newRow("none") << 0 << "0123456789";
     QTest::newRow("all") << 0x3FF << "";
     QTest::newRow("digit 0") << 0x001 << "123456789";
-    QTest::newRow("digit 9") << 0x200 << "012345678";
     QTest::newRow("even digits") << 0x155 << "13579";
     QTest::newRow("bits above 9 ignored") << 0x7C00 << "0123456789";
-    QTest::newRow("all bits") << -1 << "";
 }
 
 void tst_RadioKeypad::digitMask()
@@ -604,7 +556,6 @@ void tst_RadioKeypad::nextDigits_data()
     QTest::newRow("window only, below the band") << 6 << 0 << 3 << 35 << 32 << "2345";
     QTest::newRow("AM step 9 after 53") << 4 << 3 << 53 << 1629 << 522 << "1";
     QTest::newRow("huge value") << 6 << 0 << INT_MAX << 10800 << 0 << "";
-    QTest::newRow("huge negative value") << 6 << 0 << INT_MIN << 10800 << 0 << "";
     QTest::newRow("empty window") << 6 << 0 << 875 << 0 << 10800 << "";
 }
 
@@ -630,7 +581,6 @@ void tst_RadioKeypad::longPressClearsEntry_data()
     QTest::addColumn<QString>("firstOffered");
 
     QTest::newRow("FM 87.5") << 6 << 0 << "875" << "189";
-    QTest::newRow("FM 105.1") << 12 << 1 << "1051" << "189";
     QTest::newRow("AM 53") << 4 << 3 << "53" << "156789";
 }
 
@@ -700,16 +650,6 @@ void tst_RadioKeypad::clearKeysOnEmptyEntry()
     QVERIFY(m_keypad->isVisible());
 }
 
-void tst_RadioKeypad::clearAllFreqOtherId()
-{
-    makeKeypad(6, 0);
-    QVERIFY(clickKeys(QStringLiteral("87")));
-    m_keypad->clearAllFreq(QStringLiteral("FreqOK"));
-    QCOMPARE(logCount(QStringLiteral("clearAllFreq id = FreqOK")), 1);
-    QCOMPARE(display(), QStringLiteral("87."));
-    QCOMPARE(offered(), QStringLiteral("56789"));
-}
-
 void tst_RadioKeypad::bandChange_data()
 {
     QTest::addColumn<int>("band");
@@ -720,9 +660,7 @@ void tst_RadioKeypad::bandChange_data()
 
     // Region 4: FM 7600-10800, AM 522-1629.
     QTest::newRow("FM1") << 0 << "FM:" << "1789" << "76" << "76.";
-    QTest::newRow("FM3") << 2 << "FM:" << "1789" << "101" << "101.";
     QTest::newRow("AM1") << 3 << "AM:" << "156789" << "531" << "531";
-    QTest::newRow("AM2") << 4 << "AM:" << "156789" << "99" << "99";
     QTest::newRow("band 255 is AM") << 255 << "AM:" << "156789" << "1" << "1";
 }
 
@@ -754,7 +692,6 @@ void tst_RadioKeypad::outOfRangeRegion_data()
 
     QTest::newRow("24") << 24;
     QTest::newRow("-1") << -1;
-    QTest::newRow("INT_MAX") << INT_MAX;
 }
 
 void tst_RadioKeypad::outOfRangeRegion()
@@ -788,16 +725,6 @@ void tst_RadioKeypad::autoHide()
     QCOMPARE(display(), QString());
     QCOMPARE(offered(), QStringLiteral("0123456789"));
 
-    const int shown = s_log.indexOf(QStringLiteral("showEvent start autohide timer"));
-    const int fired = s_log.indexOf(QStringLiteral("timerEvent hide keypad"));
-    const int hidden = s_log.indexOf(QStringLiteral("hideEvent"));
-    const int killed = s_log.indexOf(QStringLiteral("hideEvent kill autohide timer"));
-    QVERIFY(shown >= 0);
-    QVERIFY(fired > shown);
-    QVERIFY(hidden > fired);
-    QVERIFY(killed > hidden);
-    QVERIFY(s_log.contains(QStringLiteral("================>875")));
-
     // Shown again, the timer runs again.
     m_keypad->show();
     QVERIFY(m_keypad->autoHideActive());
@@ -812,7 +739,6 @@ void tst_RadioKeypad::autoHideInterval_data()
     QTest::addColumn<bool>("refused");
 
     QTest::newRow("1 ms") << 1 << 1 << false;
-    QTest::newRow("2 s") << 2000 << 2000 << false;
     QTest::newRow("zero") << 0 << 15000 << true;
     QTest::newRow("negative") << -5 << 15000 << true;
 }
@@ -836,7 +762,6 @@ void tst_RadioKeypad::pressStopsReleaseRestarts_data()
     QTest::addColumn<QString>("target"); // object name, or empty for a key
     QTest::newRow("mouse on the panel") << "bkg";
     QTest::newRow("mouse on the underlay") << "KeypadMask";
-    QTest::newRow("mouse on the frequency text") << "KeypadFreqDispTxt";
     QTest::newRow("key") << "";
 }
 
@@ -934,12 +859,6 @@ void tst_RadioKeypad::showEventWhileHiddenFiresOnce()
     QTRY_VERIFY(!m_keypad->autoHideActive());
     QCOMPARE(logCount(QStringLiteral("timerEvent hide keypad")), 1);
     QVERIFY(m_keypad->isHidden());
-}
-
-void tst_RadioKeypad::wallPaperAfterConstruction()
-{
-    makeKeypad(6, 0);
-    QCOMPARE(maskColour(), WallPaperRed);
 }
 
 void tst_RadioKeypad::wallPaperChange_data()

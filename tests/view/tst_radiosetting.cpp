@@ -109,7 +109,6 @@ private slots:
     void constructorDoesNotLoadStore();
     void updateButtonStates();
     void languageChangeRetitlesOnly();
-    void emptySlotsChangeNothing();
 
     void optionalWidgetsWired();
     void locDxToggleWithLabel();
@@ -262,7 +261,6 @@ void tst_RadioSetting::initRDSsetting_data()
     const QVariant none;
     QTest::newRow("factory defaults") << none << none << none << none << false << true;
     QTest::newRow("stored TA on, AF off") << QVariant(true) << QVariant(false) << none << none << true << false;
-    QTest::newRow("stored TA only") << QVariant(true) << none << none << none << true << true;
     QTest::newRow("changed defaults") << none << none << QVariant(true) << QVariant(false) << true << false;
     QTest::newRow("store beats default") << QVariant(false) << QVariant(true) << QVariant(true) << QVariant(false)
                                          << false << true;
@@ -327,27 +325,6 @@ void tst_RadioSetting::languageChangeRetitlesOnly()
     QTRY_COMPARE(page.windowTitle(), QStringLiteral("Form"));
     QVERIFY(page.findChild<MOnOffButton*>(QStringLiteral("AFBtn"))->onoffStatus());
     QCOMPARE(page.findChild<QLabel*>(QStringLiteral("af_label"))->text(), QStringLiteral("AF"));
-}
-
-void tst_RadioSetting::emptySlotsChangeNothing()
-{
-    RadioSetting page;
-    page.AFStatusSetting(true);
-    PageSignals all(&page);
-    page.AFStatusChangeSlot(QStringLiteral("AFBtn"));
-    page.TAStatusChangeSlot(QStringLiteral("TABtn"));
-    page.RegStatusChangeSlot(QStringLiteral("RegBtn"));
-    page.ScanStatusChangeSlot(QStringLiteral("ScanBtn"));
-    page.AntPowerStatusChangeSlot(QStringLiteral("x"));
-    page.SelectedPTYTitleChangeSlot(3);
-    page.bottonClickedSlot(QStringLiteral("x"));
-    page.hideLabelWait();
-    page.showLabelWait();
-    page.starLabelWait();
-    page.stopLableWait();
-    QCOMPARE(all.total(), 0);
-    QVERIFY(page.findChild<MOnOffButton*>(QStringLiteral("AFBtn"))->onoffStatus());
-    QVERIFY(!page.findChild<MOnOffButton*>(QStringLiteral("TABtn"))->onoffStatus());
 }
 
 namespace {

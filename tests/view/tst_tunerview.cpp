@@ -195,7 +195,7 @@ QStringList splitCsv(const QString& line)
     return fields;
 }
 
-enum EventKind { MousePress, MouseRelease, KeyPress, KeyRelease, MouseMove, DoubleClick, Enter };
+enum EventKind { MousePress, MouseRelease, KeyPress, KeyRelease, MouseMove, Enter };
 
 std::unique_ptr<QEvent> makeEvent(int kind)
 {
@@ -213,9 +213,6 @@ std::unique_ptr<QEvent> makeEvent(int kind)
         return std::make_unique<QKeyEvent>(QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier);
     case MouseMove:
         return std::make_unique<QMouseEvent>(QEvent::MouseMove, at, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    case DoubleClick:
-        return std::make_unique<QMouseEvent>(QEvent::MouseButtonDblClick, at, Qt::LeftButton, Qt::LeftButton,
-                                             Qt::NoModifier);
     default:
         return std::make_unique<QEvent>(QEvent::Enter);
     }
@@ -239,7 +236,6 @@ private slots:
 
     // Construction.
     void constructionState();
-    void regionAndSignalAreStored();
 
     // Frequency, band and scale.
     void frequencyText_data();
@@ -251,14 +247,11 @@ private slots:
     void bandOutOfRange_data();
     void bandOutOfRange();
     void bandHalvesKeepLastBandOfKind();
-    void bandNameLookedUpEachTime();
     void checkFreqParam_data();
     void checkFreqParam();
-    void checkFreqParamReachesScale();
+    void scaleWiring();
     void freqFromRadioSlider_data();
     void freqFromRadioSlider();
-    void scaleDragReachesView();
-    void curFreqReachesScale();
     void dxLoc_data();
     void dxLoc();
     void stereo_data();
@@ -284,12 +277,10 @@ private slots:
     void curPreset();
     void curPresetAboveSixChangesNothing_data();
     void curPresetAboveSixChangesNothing();
-    void curPresetLockStays();
     void curPresetShortList();
     void curPresetWithBandChangesNothing();
     void presetListDisp_data();
     void presetListDisp();
-    void presetListDispOnMainScreen();
 
     // RDS.
     void psName_data();
@@ -338,7 +329,6 @@ private slots:
     void wallpaperCacheUsedNotLoaded();
     void wallpaperLoadedOnceIntoCache();
     void wallpaperChangeEvent();
-    void otherCustomEventKeepsBackground();
     void wallpaperWithoutHostServices();
 
     // Bottom strip.
@@ -349,7 +339,6 @@ private slots:
 
     // Settings page.
     void setupButtonToggles();
-    void exitSettingHides();
     void hidingSlots_data();
     void hidingSlots();
     void settingCloseButtonHidesPage();
@@ -358,7 +347,6 @@ private slots:
     void pageSignalsRelayed();
     void statusSettingForwarded_data();
     void statusSettingForwarded();
-    void powerSlotRelays();
 
     // Layouts that lack optional widgets.
     void absentIndicators();
@@ -369,7 +357,6 @@ private slots:
     void powerButtonWhenLayoutHasOne();
 
     void renderScreen();
-    void renderSettingsPage();
 
 private:
     std::unique_ptr<TunerView> makeView();
@@ -454,17 +441,6 @@ void tst_TunerView::constructionState()
     QCOMPARE(button(view, "PS1")->displayText(), QStringLiteral("87.50 MHz"));
 }
 
-void tst_TunerView::regionAndSignalAreStored()
-{
-    TunerView view;
-    view.SetRadioRegion(5);
-    QCOMPARE(view.radioRegion(), 5);
-    view.SetRadioSignalDisp(200);
-    QCOMPARE(int(view.signalLevel()), 200);
-    // Nothing shows the signal level.
-    QCOMPARE(label(view, "FreqDisp")->text(), QStringLiteral("105.10"));
-}
-
 // ---- Frequency, band and scale ----
 
 void tst_TunerView::frequencyText_data()
@@ -476,12 +452,6 @@ void tst_TunerView::frequencyText_data()
     QTest::newRow("1999 is AM") << 1999u << "1999" << "kHz";
     QTest::newRow("0") << 0u << "0" << "kHz";
     QTest::newRow("10005") << 10005u << "100.05" << "MHz";
-    QTest::newRow("8750") << 8750u << "87.50" << "MHz";
-    QTest::newRow("10510") << 10510u << "105.10" << "MHz";
-    QTest::newRow("9000") << 9000u << "90.00" << "MHz";
-    QTest::newRow("1602") << 1602u << "1602" << "kHz";
-    QTest::newRow("531") << 531u << "531" << "kHz";
-    QTest::newRow("7603") << 7603u << "76.03" << "MHz";
     QTest::newRow("65535") << 65535u << "655.35" << "MHz";
     QTest::newRow("largest") << 4294967295u << "42949672.95" << "MHz";
 }
@@ -534,7 +504,7 @@ void tst_TunerView::bandDisplay()
 void tst_TunerView::curBandEqualsGenerally_data()
 {
     QTest::addColumn<int>("band");
-    for (int band : {0, 1, 2, 3, 4, 7})
+    for (int band : {0, 4, 7})
         QTest::addRow("band %d", band) << band;
 }
 
@@ -556,7 +526,6 @@ void tst_TunerView::bandOutOfRange_data()
 {
     QTest::addColumn<int>("band");
     QTest::newRow("5") << 5;
-    QTest::newRow("7") << 7;
     QTest::newRow("255") << 255;
 }
 
@@ -587,30 +556,6 @@ void tst_TunerView::bandHalvesKeepLastBandOfKind()
     QCOMPARE(button(view, "FMicon")->displayText(), QStringLiteral("FM3"));
     QCOMPARE(label(view, "BandName")->text(), QStringLiteral("FM3"));
     QVERIFY(!button(view, "BandSwitch")->isDown());
-
-    view.Tuner_UI_CurBand_Generally(3);
-    QCOMPARE(button(view, "FMicon")->displayText(), QStringLiteral("FM3"));
-    QCOMPARE(button(view, "AMicon")->displayText(), QStringLiteral("AM1"));
-    QCOMPARE(label(view, "BandName")->text(), QStringLiteral("AM1"));
-    QVERIFY(button(view, "BandSwitch")->isDown());
-}
-
-void tst_TunerView::bandNameLookedUpEachTime()
-{
-    TunerView view;
-    QLabel* name = label(view, "BandName");
-    name->setObjectName(QStringLiteral("Renamed"));
-    view.Tuner_UI_CurBand_Generally(4);
-    QCOMPARE(name->text(), QStringLiteral("FM3"));  // layout text, untouched
-    QCOMPARE(button(view, "AMicon")->displayText(), QStringLiteral("AM2"));
-    QVERIFY(button(view, "BandSwitch")->isDown());
-    view.Tuner_UI_CurBand_Generally(9);
-    QCOMPARE(name->text(), QStringLiteral("FM3"));
-
-    // Found again once it carries its name.
-    name->setObjectName(QStringLiteral("BandName"));
-    view.Tuner_UI_CurBand_Generally(1);
-    QCOMPARE(name->text(), QStringLiteral("FM2"));
 }
 
 void tst_TunerView::checkFreqParam_data()
@@ -622,23 +567,13 @@ void tst_TunerView::checkFreqParam_data()
     QTest::addColumn<float>("max");
     QTest::addColumn<float>("step");
     QTest::newRow("region 12 FM1") << 12 << 0 << true << 87.5f << 108.0f << 0.05f;
-    QTest::newRow("region 12 FM3") << 12 << 2 << true << 87.5f << 108.0f << 0.05f;
     QTest::newRow("region 12 AM1") << 12 << 3 << false << 531.0f << 1629.0f << 1.0f;
-    QTest::newRow("region 12 AM2") << 12 << 4 << false << 531.0f << 1629.0f << 1.0f;
-    QTest::newRow("region 0 FM") << 0 << 1 << true << 87.9f << 107.9f << 0.2f;
     QTest::newRow("region 0 AM, 10 kHz step") << 0 << 3 << false << 530.0f << 1710.0f << 1.0f;
-    QTest::newRow("region 5 FM") << 5 << 0 << true << 76.0f << 90.0f << 0.1f;
-    QTest::newRow("region 7 FM") << 7 << 0 << true << 88.1f << 107.9f << 0.2f;
-    QTest::newRow("region 7 AM") << 7 << 4 << false << 531.0f << 1611.0f << 1.0f;
     QTest::newRow("region 9 FM") << 9 << 2 << true << 65.0f << 74.0f << 0.03f;
-    QTest::newRow("region 19 AM") << 19 << 3 << false << 520.0f << 1620.0f << 1.0f;
-    QTest::newRow("region 21 FM") << 21 << 0 << true << 76.1f << 108.0f << 0.1f;
-    QTest::newRow("region 23 AM") << 23 << 4 << false << 531.0f << 1602.0f << 1.0f;
     QTest::newRow("band 200 is AM") << 12 << 200 << false << 531.0f << 1629.0f << 1.0f;
     // A region outside the table falls back to region 12.
     QTest::newRow("region 24 FM") << 24 << 0 << true << 87.5f << 108.0f << 0.05f;
     QTest::newRow("region -1 AM") << -1 << 3 << false << 531.0f << 1629.0f << 1.0f;
-    QTest::newRow("region 1000 FM") << 1000 << 1 << true << 87.5f << 108.0f << 0.05f;
 }
 
 void tst_TunerView::checkFreqParam()
@@ -662,7 +597,7 @@ void tst_TunerView::checkFreqParam()
     QCOMPARE(args.at(3).value<float>(), step);
 }
 
-void tst_TunerView::checkFreqParamReachesScale()
+void tst_TunerView::scaleWiring()
 {
     TunerView view;
     auto* slider = child<MRadioSlider>(view, QStringLiteral("radioSlider"));
@@ -685,6 +620,13 @@ void tst_TunerView::checkFreqParamReachesScale()
     QCOMPARE(slider->freqStart(), 531.0f);
     view.checkFreqParam(1);
     QCOMPARE(slider->freqStart(), 65.0f);
+
+    emit view.sigRadioCurFreqChanged(6800.0f);
+    QCOMPARE(slider->curFreq(), 6800.0f);
+    QSignalSpy sent(&view, &TunerView::sigFreqFromRadioSlider);
+    emit slider->freqChangedSgl(9809.99f);
+    QCOMPARE(sent.count(), 1);
+    QCOMPARE(int(sent.at(0).at(0).value<unsigned short>()), 9809);
 }
 
 void tst_TunerView::freqFromRadioSlider_data()
@@ -692,21 +634,13 @@ void tst_TunerView::freqFromRadioSlider_data()
     QTest::addColumn<float>("value");
     QTest::addColumn<int>("sent");
     QTest::newRow("9809.99 truncated") << 9809.99f << 9809;
-    QTest::newRow("9810") << 9810.0f << 9810;
-    QTest::newRow("531.9 AM") << 531.9f << 531;
-    QTest::newRow("0.99") << 0.99f << 0;
     QTest::newRow("0") << 0.0f << 0;
     QTest::newRow("65535") << 65535.0f << 65535;
     QTest::newRow("65536 wraps") << 65536.0f << 0;
     QTest::newRow("65537.5 wraps") << 65537.5f << 1;
-    QTest::newRow("139822 wraps") << 139822.0f << 8750;
-    QTest::newRow("1e10 low bits") << 1e10f << 58368;
-    QTest::newRow("-0.5") << -0.5f << 0;
     QTest::newRow("-1") << -1.0f << 0;
-    QTest::newRow("-9810") << -9810.0f << 0;
     QTest::newRow("NaN") << std::numeric_limits<float>::quiet_NaN() << 0;
     QTest::newRow("+inf") << std::numeric_limits<float>::infinity() << 0;
-    QTest::newRow("-inf") << -std::numeric_limits<float>::infinity() << 0;
 }
 
 void tst_TunerView::freqFromRadioSlider()
@@ -723,26 +657,6 @@ void tst_TunerView::freqFromRadioSlider()
     QVERIFY(view.isStandbyTimerRunning());
 }
 
-void tst_TunerView::scaleDragReachesView()
-{
-    TunerView view;
-    auto* slider = child<MRadioSlider>(view, QStringLiteral("radioSlider"));
-    QSignalSpy spy(&view, &TunerView::sigFreqFromRadioSlider);
-    emit slider->freqChangedSgl(9809.99f);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(int(spy.at(0).at(0).value<unsigned short>()), 9809);
-    QVERIFY(view.isStandbyTimerRunning());
-}
-
-void tst_TunerView::curFreqReachesScale()
-{
-    TunerView view;
-    auto* slider = child<MRadioSlider>(view, QStringLiteral("radioSlider"));
-    view.checkFreqParam(0);
-    emit view.sigRadioCurFreqChanged(9810.0f);
-    QCOMPARE(slider->curFreq(), 9810.0f);
-}
-
 void tst_TunerView::dxLoc_data()
 {
     QTest::addColumn<int>("dxLoc");
@@ -750,9 +664,7 @@ void tst_TunerView::dxLoc_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("loc");
     QTest::newRow("DX") << 0 << 0 << "DX" << false;
-    QTest::newRow("LOC") << 1 << 0 << "LOC" << true;
     QTest::newRow("LOC 255, AM") << 255 << 3 << "LOC" << true;
-    QTest::newRow("DX, AM") << 0 << 4 << "DX" << false;
 }
 
 void tst_TunerView::dxLoc()
@@ -800,7 +712,6 @@ void tst_TunerView::asPsBlinks_data()
     QTest::addColumn<QString>("text");
     QTest::newRow("auto search") << 0 << "AS";
     QTest::newRow("preset scan") << 1 << "PS";
-    QTest::newRow("preset scan 9") << 9 << "PS";
 }
 
 void tst_TunerView::asPsBlinks()
@@ -951,19 +862,12 @@ void tst_TunerView::presetLabel_data()
     QTest::newRow("eight spaces") << 8750 << bytes8("        ") << "87.50 MHz";
     QTest::newRow("eight zero bytes") << 531 << QByteArray(8, '\0') << "531 kHz";
     QTest::newRow("ABC and five zero bytes") << 9810 << bytes8("ABC\0\0\0\0\0", 8) << "ABC";
-    QTest::newRow("spaces around") << 9810 << bytes8("  ABC   ") << "ABC";
     QTest::newRow("inner spaces kept") << 9810 << bytes8("A B  C  ") << "A B  C";
-    QTest::newRow("zero byte inside") << 9810 << bytes8("AB\0CD   ", 8) << "AB CD";
-    QTest::newRow("tab and newline") << 9810 << bytes8("A\tB\nC   ") << "A B C";
     QTest::newRow("tilde") << 9810 << bytes8("AB~CD   ") << "AB CD";
     QTest::newRow("braces and bar only") << 10005 << bytes8("{|}{|}{|") << "100.05 MHz";
     QTest::newRow("DEL") << 9810 << bytes8("\x7fX      ") << "X";
     QTest::newRow("lower case z kept") << 9810 << bytes8("zzzzzzzz") << "zzzzzzzz";
-    QTest::newRow("full width") << 9810 << bytes8("ABCDEFGH") << "ABCDEFGH";
-    QTest::newRow("last byte only") << 9810 << bytes8("       Z") << "Z";
-    QTest::newRow("punctuation") << 9810 << bytes8("!#$%&'()") << "!#$%&'()";
     QTest::newRow("bytes above 0x7f") << 1602 << QByteArray("\x80\xa0\xc3\xa9\xff\xfe\xe4\xfc", 8) << "1602 kHz";
-    QTest::newRow("umlaut inside") << 9810 << QByteArray("M\xfcNCHEN ", 8) << "M NCHEN";
     QTest::newRow("2000") << 2000 << bytes8("") << "20.00 MHz";
     QTest::newRow("1999") << 1999 << bytes8("") << "1999 kHz";
     QTest::newRow("0") << 0 << bytes8("") << "0 kHz";
@@ -1032,7 +936,7 @@ void tst_TunerView::presetShortList()
 void tst_TunerView::curPreset_data()
 {
     QTest::addColumn<int>("preset");
-    for (int p = 0; p <= 6; ++p)
+    for (int p : {0, 1, 6})
         QTest::addRow("preset %d", p) << p;
 }
 
@@ -1054,7 +958,6 @@ void tst_TunerView::curPresetAboveSixChangesNothing_data()
 {
     QTest::addColumn<int>("preset");
     QTest::newRow("7") << 7;
-    QTest::newRow("18") << 18;
     QTest::newRow("255") << 255;
 }
 
@@ -1070,25 +973,6 @@ void tst_TunerView::curPresetAboveSixChangesNothing()
     for (int i = 0; i < 6; ++i) {
         QCOMPARE(view->presetButtons().at(i)->isDown(), i == 2 || i == 4);
         QCOMPARE(view->presetButtons().at(i)->isLock(), i == 2);
-    }
-}
-
-void tst_TunerView::curPresetLockStays()
-{
-    auto view = makeView();
-    const auto& buttons = view->presetButtons();
-    view->Tuner_UI_CurPreset(6);
-    QVERIFY(button(*view, "PS6")->isDown());
-    QVERIFY(button(*view, "PS6")->isLock());
-    view->Tuner_UI_CurPreset(3);
-    QVERIFY(!buttons.at(5)->isDown());
-    QVERIFY(buttons.at(5)->isLock());
-    QVERIFY(buttons.at(2)->isDown());
-    QVERIFY(buttons.at(2)->isLock());
-    view->Tuner_UI_CurPreset(0);
-    for (int i = 0; i < 6; ++i) {
-        QVERIFY(!buttons.at(i)->isDown());
-        QCOMPARE(buttons.at(i)->isLock(), i == 2 || i == 5);
     }
 }
 
@@ -1133,8 +1017,6 @@ void tst_TunerView::presetListDisp_data()
         am << (i < 12 ? QString::number(531 + 9 * i) : QString());
     }
     QTest::newRow("FM1") << 0 << fm;
-    QTest::newRow("FM3") << 2 << fm;
-    QTest::newRow("AM1") << 3 << am;
     QTest::newRow("AM2") << 4 << am;
 }
 
@@ -1159,19 +1041,6 @@ void tst_TunerView::presetListDisp()
         QCOMPARE(list[i]->displayText(), texts.at(i));
 }
 
-void tst_TunerView::presetListDispOnMainScreen()
-{
-    auto view = makeView();
-    unsigned short freqs[36] = {};
-    for (int i = 0; i < 36; ++i)
-        freqs[i] = static_cast<unsigned short>(8750 + 10 * i);
-    view->Tuner_UI_PresetListDisp(0, freqs, nullptr);
-    QCOMPARE(button(*view, "PS1")->displayText(), QStringLiteral("87.50"));
-    QCOMPARE(button(*view, "PS6")->displayText(), QStringLiteral("88.00"));
-    view->Tuner_UI_PresetListDisp(3, freqs, nullptr);
-    QCOMPARE(button(*view, "PS1")->displayText(), QStringLiteral("89.30"));
-}
-
 // ---- RDS ----
 
 void tst_TunerView::psName_data()
@@ -1181,10 +1050,8 @@ void tst_TunerView::psName_data()
     QTest::newRow("RADIO 1") << bytes8("RADIO 1 ") << "RADIO 1 ";
     QTest::newRow("eight zero bytes") << QByteArray(8, '\0') << "        ";
     QTest::newRow("tilde") << bytes8("AB~CD~EF") << "AB CD EF";
-    QTest::newRow("leading spaces kept") << bytes8("  JAZZ  ") << "  JAZZ  ";
     QTest::newRow("braces, bar, DEL") << bytes8("{a|b}c\x7f ") << " a b c  ";
     QTest::newRow("z kept") << bytes8("zzzz{{{{") << "zzzz    ";
-    QTest::newRow("control bytes") << bytes8("\x01\x1f\x0d\x0a" "ABCD") << "    ABCD";
     QTest::newRow("high bytes") << QByteArray("\x80\xff\xe9" "ABC\xc3\xa9", 8) << "   ABC  ";
 }
 
@@ -1344,13 +1211,10 @@ void tst_TunerView::ptyName_data()
 {
     QTest::addColumn<uint>("pty");
     QTest::addColumn<QString>("name");
-    const char* const names[32] = {"",         "News",     "Affairs",  "Info",    "Sports",  "Educate",  "Drama",
-                                   "Culture",  "Science",  "Varied",   "Pop M",   "Rock M",  "Easy M",   "Light M",
-                                   "Classics", "Other M",  "Weather",  "Finance", "Children", "Social",  "Religion",
-                                   "Phone In", "Travel",   "Leisure",  "Jazz",    "Country", "Nation M", "Oldies",
-                                   "Folk M",   "Document", "Test",     "Alarm"};
-    for (uint code = 0; code < 32; ++code)
-        QTest::addRow("%u %s", code, names[code]) << code << QString::fromLatin1(names[code]);
+    QTest::newRow("0 empty") << 0u << "";
+    QTest::newRow("1") << 1u << "News";
+    QTest::newRow("16") << 16u << "Weather";
+    QTest::newRow("31 last") << 31u << "Alarm";
 }
 
 void tst_TunerView::ptyName()
@@ -1371,7 +1235,6 @@ void tst_TunerView::ptyOutOfRangeChangesNothing_data()
 {
     QTest::addColumn<uint>("pty");
     QTest::newRow("32") << 32u;
-    QTest::newRow("255") << 255u;
     QTest::newRow("max") << 4294967295u;
 }
 
@@ -1438,14 +1301,10 @@ void tst_TunerView::tatpColour_data()
     QTest::addColumn<bool>("tpInd");
     QTest::addColumn<QColor>("taColour");
     QTest::addColumn<QColor>("tpColour");
-    QTest::newRow("TA off") << false << false << false << Grey << Grey;
-    QTest::newRow("TA off, TA flagged") << false << true << false << Grey << Grey;
-    QTest::newRow("TA off, TP flagged") << false << false << true << Grey << Grey;
     QTest::newRow("TA off, both flagged") << false << true << true << Grey << Grey;
     QTest::newRow("TA on") << true << false << false << White << White;
     QTest::newRow("TA on, TA flagged") << true << true << false << Orange << White;
     QTest::newRow("TA on, TP flagged") << true << false << true << White << Orange;
-    QTest::newRow("TA on, both flagged") << true << true << true << Orange << Orange;
 }
 
 void tst_TunerView::tatpColour()
@@ -1475,41 +1334,42 @@ void tst_TunerView::clearsHideAndEmpty()
     TunerView view;
     QByteArray ps = bytes8("RADIO 1 ");
     QByteArray rt("some text");
-    view.PSDisp(reinterpret_cast<unsigned char*>(ps.data()));
-    view.RTDisp(reinterpret_cast<unsigned char*>(rt.data()));
-    view.PTYDisp(4);
-    view.AFStatusDisp(true);
-    view.TATPStatusDisp(true, true, true);
-
-    view.ClearAFDisp();
-    QVERIFY(label(view, "AFDisp")->isHidden());
-    QVERIFY(!label(view, "TADisp")->isHidden());
-    view.ClearTADisp();
-    QVERIFY(label(view, "TADisp")->isHidden());
-    QVERIFY(!label(view, "TPDisp")->isHidden());
-    view.ClearTPDisp();
-    QVERIFY(label(view, "TPDisp")->isHidden());
-    view.ClearPTYDisp();
-    QCOMPARE(rolling(view, "PTYDisp")->text(), QString());
-    QCOMPARE(rolling(view, "PSDisp")->text(), QStringLiteral("RADIO 1 "));
-    view.ClearPSDisp();
-    QCOMPARE(rolling(view, "PSDisp")->text(), QString());
-    QCOMPARE(rolling(view, "RTDisp")->text(), QStringLiteral("some text"));
-    view.ClearRTDisp();
-    QCOMPARE(rolling(view, "RTDisp")->text(), QString());
-
-    view.PSDisp(reinterpret_cast<unsigned char*>(ps.data()));
-    view.PTYDisp(4);
-    QByteArray rt2("other text");
-    view.RTDisp(reinterpret_cast<unsigned char*>(rt2.data()));
-    view.AFStatusDisp(false);
-    view.TATPStatusDisp(false, false, false);
+    const auto fill = [&] {
+        view.PSDisp(reinterpret_cast<unsigned char*>(ps.data()));
+        view.RTDisp(reinterpret_cast<unsigned char*>(rt.data()));
+        view.PTYDisp(4);
+        view.AFStatusDisp(true);
+        view.TATPStatusDisp(true, true, true);
+    };
+    const auto shown = [&view] {
+        QStringList s;
+        for (const char* name : {"AFDisp", "TADisp", "TPDisp"})
+            if (!label(view, name)->isHidden())
+                s << QLatin1String(name);
+        for (const char* name : {"PSDisp", "PTYDisp", "RTDisp"})
+            if (!rolling(view, name)->text().isEmpty())
+                s << QLatin1String(name);
+        return s;
+    };
+    // Each clear touches its own indicator only.
+    const QStringList all{"AFDisp", "TADisp", "TPDisp", "PSDisp", "PTYDisp", "RTDisp"};
+    const QList<void (TunerView::*)()> clears{&TunerView::ClearAFDisp,  &TunerView::ClearTADisp,
+                                               &TunerView::ClearTPDisp,  &TunerView::ClearPSDisp,
+                                               &TunerView::ClearPTYDisp, &TunerView::ClearRTDisp};
+    for (int i = 0; i < clears.size(); ++i) {
+        rt.append('+');
+        fill();
+        QCOMPARE(shown(), all);
+        (view.*clears.at(i))();
+        QStringList rest = all;
+        rest.removeAt(i);
+        QCOMPARE(shown(), rest);
+    }
+    rt.append('+');
+    fill();
     view.ClearRDSDisp();
-    for (const char* name : {"AFDisp", "TADisp", "TPDisp"})
-        QVERIFY2(label(view, name)->isHidden(), name);
-    for (const char* name : {"PSDisp", "PTYDisp", "RTDisp"})
-        QVERIFY2(rolling(view, name)->text().isEmpty(), name);
-    // Clearing hides the texts' content, not the widgets.
+    QCOMPARE(shown(), QStringList());
+    // Clearing empties the texts, it does not hide their widgets.
     QVERIFY(!rolling(view, "PSDisp")->isHidden());
 }
 
@@ -1541,13 +1401,6 @@ void tst_TunerView::missingDataKeepsDisplay()
     view->ClearRTDisp();
     view->RTDisp(reinterpret_cast<unsigned char*>(rt.data()));
     QCOMPARE(rolling(*view, "RTDisp")->text(), QString());
-
-    // The operations the screen leaves empty take null data too.
-    view->Tuner_UI_FavorDisp(nullptr);
-    view->Tuner_UI_PlayInfoDisp(10510, nullptr);
-    view->Tuner_UI_PresetListPSNameDisp(0, nullptr, nullptr);
-    view->Tuner_UI_PresetListviewDisp(0, nullptr, nullptr, 0);
-    QCOMPARE(button(*view, "PS1")->displayText(), QStringLiteral("87.50 MHz"));
 }
 
 // ---- Standby, start-up hard mute, events ----
@@ -1569,15 +1422,12 @@ void tst_TunerView::standbyEvents_data()
     QTest::addColumn<int>("kind");
     QTest::addColumn<bool>("runningBefore");
     QTest::addColumn<bool>("runningAfter");
-    QTest::newRow("mouse press stops") << int(MousePress) << true << false;
     QTest::newRow("key press stops") << int(KeyPress) << true << false;
     QTest::newRow("mouse release starts") << int(MouseRelease) << false << true;
     QTest::newRow("key release starts") << int(KeyRelease) << false << true;
     QTest::newRow("mouse release restarts") << int(MouseRelease) << true << true;
     QTest::newRow("press when stopped") << int(MousePress) << false << false;
     QTest::newRow("move keeps running") << int(MouseMove) << true << true;
-    QTest::newRow("move keeps stopped") << int(MouseMove) << false << false;
-    QTest::newRow("double click keeps running") << int(DoubleClick) << true << true;
     QTest::newRow("enter keeps stopped") << int(Enter) << false << false;
 }
 
@@ -1643,8 +1493,6 @@ void tst_TunerView::standbySlots()
     QSignalSpy exitStandby(&view, &TunerView::sigReqExitStandby);
     view.resetStandbyTimetSlot();
     QVERIFY(view.isStandbyTimerRunning());
-    view.stopStandbyTimetSlot();
-    QVERIFY(!view.isStandbyTimerRunning());
     view.stopStandbyTimetSlot();
     QVERIFY(!view.isStandbyTimerRunning());
     QCOMPARE(exitStandby.count(), 0);
@@ -1881,6 +1729,9 @@ void tst_TunerView::wallpaperChangeEvent()
     QSharedPointer<QPixmap> cached = BaseControl::getInstance()->getBackupPixmap(QStringLiteral("homeBg"));
 
     AppData::GetInstance()->setWallPaperPath(next);
+    QEvent other{QEvent::Type(WallPaperChange + 1)};
+    QCoreApplication::sendEvent(&view, &other);
+    QCOMPARE(bkgSize(view), QSize(11, 13));
     QCoreApplication::postEvent(&view, new QEvent(QEvent::Type(WallPaperChange)));
     QTRY_COMPARE(bkgSize(view), QSize(5, 9));
     QCOMPARE(BaseControl::getInstance()->getBackupPixmap(QStringLiteral("homeBg")), cached);
@@ -1891,20 +1742,6 @@ void tst_TunerView::wallpaperChangeEvent()
     QEvent change{QEvent::Type(WallPaperChange)};
     QCoreApplication::sendEvent(&view, &change);
     QVERIFY(label(view, "bkg")->pixmap(Qt::ReturnByValue).isNull());
-}
-
-void tst_TunerView::otherCustomEventKeepsBackground()
-{
-    const QString file = writeImage(*m_dir, QStringLiteral("wall.png"), QSize(11, 13), Qt::red);
-    const QString next = writeImage(*m_dir, QStringLiteral("next.png"), QSize(5, 9), Qt::blue);
-    AppData::GetInstance()->setWallPaperPath(file);
-    TunerView view;
-    AppData::GetInstance()->setWallPaperPath(next);
-    QEvent other{QEvent::Type(WallPaperChange + 1)};
-    QCoreApplication::sendEvent(&view, &other);
-    QEvent user(QEvent::User);
-    QCoreApplication::sendEvent(&view, &user);
-    QCOMPARE(bkgSize(view), QSize(11, 13));
 }
 
 void tst_TunerView::wallpaperWithoutHostServices()
@@ -1949,10 +1786,6 @@ void tst_TunerView::temperature_data()
     QTest::newRow("-256.9 C") << yes << none << -256.9f << QString::fromUtf8("-256.9°C");
     QTest::newRow("-256.9 F") << no << none << -256.9f << QString::fromUtf8("-430.4°F");
     QTest::newRow("21.46 C") << yes << none << 21.46f << QString::fromUtf8("21.5°C");
-    QTest::newRow("20.0 F") << no << none << 20.0f << QString::fromUtf8("68.0°F");
-    QTest::newRow("37.0 F") << no << none << 37.0f << QString::fromUtf8("98.6°F");
-    QTest::newRow("-40 F") << no << none << -40.0f << QString::fromUtf8("-40.0°F");
-    QTest::newRow("0 C") << yes << none << 0.0f << QString::fromUtf8("0.0°C");
     QTest::newRow("host default is C") << none << none << 21.46f << QString::fromUtf8("21.5°C");
     QTest::newRow("default F") << none << no << 20.0f << QString::fromUtf8("68.0°F");
     QTest::newRow("stored beats default") << yes << no << 20.0f << QString::fromUtf8("20.0°C");
@@ -2006,14 +1839,10 @@ void tst_TunerView::bottomStrip()
             close = b;
     QVERIFY(close);
     QCOMPARE(close->geometry(), QRect(925, 534, 90, 66));
-    QCOMPARE(close->normalImage(), QStringLiteral(":/images/closeScreen.png"));
-    QCOMPARE(close->pressImage(), QStringLiteral(":/images/closeScreen.png"));
 
     HvIconButton* temper = temperatureButton(view);
     QVERIFY(temper);
     QVERIFY(temper->disableState());
-    QCOMPARE(temper->fontSize(), 30);
-    QCOMPARE(temper->disableTextColor(), QColor(255, 255, 255, 255));
 
     // The close button does nothing in the view.
     view.show();
@@ -2037,23 +1866,6 @@ void tst_TunerView::setupButtonToggles()
     click(setup);
     QVERIFY(page->isVisible());
     click(setup);
-    QVERIFY(!page->isVisible());
-    view.SetupBtnClickedSlot(QString());
-    QVERIFY(page->isVisible());
-    view.SetupBtnClickedSlot(QString());
-    QVERIFY(!page->isVisible());
-}
-
-void tst_TunerView::exitSettingHides()
-{
-    TunerView view;
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
-    RadioSetting* page = view.settingPage();
-    view.ExitRadioSettingSlot(QString());
-    QVERIFY(!page->isVisible());
-    page->show();
-    view.ExitRadioSettingSlot(QStringLiteral("x"));
     QVERIFY(!page->isVisible());
 }
 
@@ -2167,15 +1979,6 @@ void tst_TunerView::statusSettingForwarded()
         QCOMPARE(other->onoffStatus(), other == sw);
     (view.*setter)(false);
     QVERIFY(!sw->onoffStatus());
-}
-
-void tst_TunerView::powerSlotRelays()
-{
-    TunerView view;
-    QSignalSpy spy(&view, &TunerView::sigOnPowerBtnClicked);
-    view.OnPowerBtnClicked(QStringLiteral("power"));
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.at(0).at(0).toString(), QStringLiteral("power"));
 }
 
 // ---- Layouts that lack optional widgets ----
@@ -2343,30 +2146,6 @@ void tst_TunerView::renderScreen()
     const QString path = saveRender(image, QStringLiteral("tunerview.png"));
     QVERIFY(!path.isEmpty());
     QVERIFY(!QImage(path).isNull());
-}
-
-void tst_TunerView::renderSettingsPage()
-{
-    if (qEnvironmentVariableIsEmpty("RADIO_TEST_OUTPUT"))
-        QSKIP("RADIO_TEST_OUTPUT not set");
-    auto view = makeView();
-    tuneTo(*view, 3, 999, 1);
-    view->AFStatusSetting(true);
-    view->TAStatusSetting(false);
-    view->REGStatusSetting(true);
-    view->StartAsPsDisp(0);
-    view->show();
-    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
-    click(button(*view, "setupBtn"));
-    QVERIFY(view->settingPage()->isVisible());
-
-    const QImage image = view->grab().toImage();
-    QVERIFY(!saveRender(image, QStringLiteral("tunerview-settings.png")).isEmpty());
-    // The page covers the left 450 pixels: its pixels differ from the
-    // screen without it.
-    view->settingPage()->hide();
-    const QImage without = view->grab().toImage();
-    QVERIFY(image.copy(0, 0, 450, 720) != without.copy(0, 0, 450, 720));
 }
 
 QTEST_MAIN(tst_TunerView)

@@ -2,7 +2,6 @@
 #include "WidgetRender.h"
 
 #include <QMouseEvent>
-#include <QPainter>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTouchDevice>
@@ -35,7 +34,6 @@ private slots:
     void init();
     void cleanup();
 
-    void defaults();
     void tapEmitsButtonId();
     void releaseOutsideCancels_data();
     void releaseOutsideCancels();
@@ -83,16 +81,6 @@ void TestHvIconButton::cleanup()
     m_button = nullptr;
 }
 
-void TestHvIconButton::defaults()
-{
-    QCOMPARE(m_button->longPressThreshold(), int(HvIconButton::DefaultLongPressThreshold));
-    QCOMPARE(m_button->longPressThreshold(), 800);
-    QVERIFY(!m_button->supportLongPress());
-    QVERIFY(!m_button->isDown());
-    QVERIFY(!m_button->disableState());
-    QCOMPARE(m_button->textAlign(), Qt::Alignment(Qt::AlignCenter));
-}
-
 void TestHvIconButton::tapEmitsButtonId()
 {
     QSignalSpy clicked(m_button, &HvIconButton::btnClicked);
@@ -113,9 +101,7 @@ void TestHvIconButton::releaseOutsideCancels_data()
 {
     QTest::addColumn<QPoint>("releaseAt");
     QTest::newRow("left of it") << QPoint(-5, 40);
-    QTest::newRow("above it") << QPoint(80, -1);
     QTest::newRow("right edge + 1") << QPoint(160, 40);
-    QTest::newRow("far below") << QPoint(80, 500);
 }
 
 void TestHvIconButton::releaseOutsideCancels()
@@ -433,59 +419,37 @@ void TestHvIconButton::touchTapClicks()
 
 void TestHvIconButton::render()
 {
-    // The preset look of the main screen: text over a generated key image.
+    // Preset keys in their three looks: normal, latched, disabled.
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
-    auto makeKey = [&](const QString& name, const QColor& top, const QColor& bottom, const QColor& edge) {
-        QImage image(353, 95, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        QPainter p(&image);
-        p.setRenderHint(QPainter::Antialiasing);
-        QLinearGradient g(0, 0, 0, 95);
-        g.setColorAt(0, top);
-        g.setColorAt(1, bottom);
-        p.setBrush(g);
-        p.setPen(QPen(edge, 2));
-        p.drawRoundedRect(QRectF(4, 6, 345, 83), 14, 14);
-        p.end();
+    const auto keyImage = [&dir](const QString& name, const QColor& colour) {
+        QImage image(240, 95, QImage::Format_ARGB32);
+        image.fill(colour);
         const QString path = dir.filePath(name);
-        image.save(path);
-        return path;
+        return image.save(path) ? path : QString();
     };
-    const QString normal = makeKey(QStringLiteral("preset-N.png"), QColor(38, 46, 62), QColor(20, 26, 38),
-                                   QColor(255, 255, 255, 40));
-    const QString pressed = makeKey(QStringLiteral("preset-P.png"), QColor(10, 70, 140), QColor(8, 40, 110),
-                                    QColor(0, 240, 251));
-
+    const QString normal = keyImage(QStringLiteral("preset-N.png"), QColor(38, 46, 62));
+    const QString pressed = keyImage(QStringLiteral("preset-P.png"), QColor(10, 70, 140));
     QWidget stage;
-    stage.resize(760, 230);
-    const QStringList texts = {QStringLiteral("87.50 MHz"), QStringLiteral("98.10 MHz"),
-                               QStringLiteral("106.10 MHz"), QStringLiteral("Back")};
+    stage.resize(760, 120);
+    const QStringList texts = {QStringLiteral("87.50 MHz"), QStringLiteral("98.10 MHz"), QStringLiteral("106.10 MHz")};
     QList<HvIconButton*> buttons;
     for (int i = 0; i < texts.size(); ++i) {
         auto* b = new HvIconButton(&stage);
-        b->setGeometry(10 + (i % 2) * 370, 10 + (i / 2) * 110, 353, 95);
-        QFont f = b->font();
-        f.setPointSize(28);
-        b->setFont(f);
+        b->setGeometry(10 + i * 250, 10, 240, 95);
+        b->setFontSize(28);
         b->setNormalImage(normal);
         b->setPressImage(pressed);
-        b->setDisableImage(normal);
         b->setDisplayText(texts.at(i));
         b->setNormalTextColor(QColor(230, 230, 230));
-        b->setPressTextColor(QColor(230, 230, 230));
         b->setDisableTextColor(QColor(230, 230, 230, 154));
         buttons << b;
     }
     buttons[1]->setIsDown(true);
     buttons[2]->setDisableState(true);
-    buttons[3]->setNormalImage(QString());
-    buttons[3]->setPressImage(QString());
     stage.show();
     QVERIFY(QTest::qWaitForWindowExposed(&stage));
-    QTest::mousePress(buttons[3], Qt::LeftButton, {}, QPoint(100, 40));
     QVERIFY(saveRender(&stage, QStringLiteral("hviconbutton")));
-    QTest::mouseRelease(buttons[3], Qt::LeftButton, {}, QPoint(100, 40));
 }
 
 QTEST_MAIN(TestHvIconButton)

@@ -18,10 +18,8 @@ private slots:
     void init();
     void cleanup();
 
-    void defaults();
     void rollsOnlyWhenTooWide_data();
     void rollsOnlyWhenTooWide();
-    void shortTextStandsStill();
     void newShortTextStopsAndResets();
     void biggerFontStartsRolling();
     void hiddenTextDoesNotRun();
@@ -52,16 +50,6 @@ void TestHvRollingText::cleanup()
     m_text = nullptr;
 }
 
-void TestHvRollingText::defaults()
-{
-    HvRollingText t;
-    QCOMPARE(t.textColor(), QColor(255, 255, 255));
-    QCOMPARE(t.alignment(), Qt::AlignLeft | Qt::AlignVCenter);
-    QVERIFY(t.speed() > 0);
-    QVERIFY(!t.isRolling());
-    QCOMPARE(t.scrollOffset(), 0);
-}
-
 void TestHvRollingText::rollsOnlyWhenTooWide_data()
 {
     QTest::addColumn<QString>("text");
@@ -80,21 +68,6 @@ void TestHvRollingText::rollsOnlyWhenTooWide()
     QCOMPARE(m_text->isTimerRunning(), rolling);
     if (rolling)
         QTRY_VERIFY(m_text->scrollOffset() > 20);
-}
-
-void TestHvRollingText::shortTextStandsStill()
-{
-    auto* still = new HvRollingText(m_host);
-    still->setGeometry(10, 100, 300, 60);
-    still->setFontSize(20);
-    still->setText(ShortText);
-    still->show();
-    m_text->setText(LongText);
-
-    // While the long one travels a good way, the short one must not move.
-    QTRY_VERIFY(m_text->scrollOffset() > 40);
-    QCOMPARE(still->scrollOffset(), 0);
-    QVERIFY(!still->isTimerRunning());
 }
 
 void TestHvRollingText::newShortTextStopsAndResets()
