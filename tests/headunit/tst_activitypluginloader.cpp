@@ -19,8 +19,6 @@ class TestActivityPluginLoader : public QObject
 private slots:
     void init();
     void cleanup();
-    void rejectsByMetadata_data();
-    void rejectsByMetadata();
     void acceptsActivityAndRegistersItByName();
     void folderLoadsGoodAndSkipsBad();
     void secondActivityOfTheSameNameIsRejected();
@@ -51,29 +49,6 @@ QString TestActivityPluginLoader::folderWith(const QStringList& plugins)
     for (const QString& plugin : plugins)
         QFile::link(plugin, QDir(folder).filePath(QFileInfo(plugin).fileName()));
     return folder;
-}
-
-void TestActivityPluginLoader::rejectsByMetadata_data()
-{
-    QTest::addColumn<QString>("plugin");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("wrong interface id") << QStringLiteral(HU_FIXTURE_WRONGIID)
-                                        << QStringLiteral("interface id \"activity/9.9\", expected \"activity/0.1\"");
-    QTest::newRow("root object is no activity")
-        << QStringLiteral(HU_FIXTURE_NOTACTIVITY)
-        << QStringLiteral("root object NotAnActivity does not implement hvappframework::Activity");
-}
-
-void TestActivityPluginLoader::rejectsByMetadata()
-{
-    QFETCH(QString, plugin);
-    QFETCH(QString, reason);
-    ActivityPluginLoader loader;
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QRegularExpression::escape(reason)));
-    QCOMPARE(loader.loadFile(plugin), QString());
-    QCOMPARE(loader.messages().size(), 1);
-    QVERIFY2(loader.messages().first().contains(plugin), qPrintable(loader.messages().first()));
-    QVERIFY(!ActivityManager::self()->activity(QStringLiteral("radio")));
 }
 
 void TestActivityPluginLoader::acceptsActivityAndRegistersItByName()

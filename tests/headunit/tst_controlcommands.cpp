@@ -102,22 +102,16 @@ void TestControlCommands::replies_data()
     QTest::addColumn<QString>("reply");
     QTest::addColumn<bool>("warns");
     QTest::newRow("click") << "click PS2" << "ok click PS2" << false;
-    QTest::newRow("extra blanks") << "  click   PS2 " << "ok click PS2" << false;
     QTest::newRow("unknown widget") << "click Nothing" << "error click Nothing: no widget named Nothing" << false;
     QTest::newRow("hidden widget") << "click Hidden" << "error click Hidden: Hidden is not visible" << false;
-    QTest::newRow("click without name") << "click" << "error click: usage: click NAME" << false;
     QTest::newRow("long press with bad time") << "longpress PS2 -5"
                                               << "error longpress PS2 -5: hold time must be 1 to 60000 ms" << false;
     QTest::newRow("tap outside") << "tap 2000 10"
                                  << "error tap 2000 10: point outside the window, or no native window" << false;
-    QTest::newRow("tap not numbers") << "tap a b" << "error tap a b: usage: tap X Y [MS], hold 0 to 60000 ms" << false;
     QTest::newRow("region out of range") << "host region 24" << "error host region 24: region must be 0 to 23" << true;
-    QTest::newRow("region not a number") << "host region x" << "error host region x: region must be 0 to 23" << false;
     QTest::newRow("stream bad word") << "host stream maybe"
                                      << "error host stream maybe: usage: host region N | fm | am | next | prev | "
                                         "stream on|off | power | reversing on|off | temperature C | mute on|off" << false;
-    QTest::newRow("temperature too hot") << "host temperature 500"
-                                         << "error host temperature 500: temperature must be -60 to 120" << false;
     QTest::newRow("unknown activity") << "activity navigation" << "error activity navigation: no such activity" << true;
     QTest::newRow("unknown verb") << "jump PS2" << "error jump PS2: unknown command" << false;
     QTest::newRow("empty") << "   " << "error : empty command" << false;

@@ -10,7 +10,6 @@ class TestHeadUnitWindow : public QObject
 
 private slots:
     void clientAreaIsTheSystemView();
-    void sizeIsFixed();
     void fullScreenKeepsTheViewAtTheOrigin();
     void childAtLayoutPointIsFoundAtTheSamePoint();
 };
@@ -27,15 +26,6 @@ void TestHeadUnitWindow::clientAreaIsTheSystemView()
     QCOMPARE(window.layout(), nullptr);
     QCOMPARE(window.contentsMargins(), QMargins());
     QCOMPARE(window.systemView()->objectName(), QStringLiteral("SystemView"));
-}
-
-void TestHeadUnitWindow::sizeIsFixed()
-{
-    HeadUnitWindow window;
-    QCOMPARE(window.minimumSize(), QSize(1280, 720));
-    QCOMPARE(window.maximumSize(), QSize(1280, 720));
-    window.resize(1600, 900);
-    QCOMPARE(window.size(), QSize(1280, 720));
 }
 
 void TestHeadUnitWindow::fullScreenKeepsTheViewAtTheOrigin()

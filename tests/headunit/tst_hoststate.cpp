@@ -48,10 +48,7 @@ void TestHostState::flagNames_data()
     QTest::addColumn<unsigned>("flag");
     QTest::addColumn<QStringList>("names");
     QTest::newRow("none") << 0u << QStringList();
-    QTest::newRow("stereo") << 0x01u << QStringList{"ST"};
     QTest::newRow("TA indicator and TP") << 0x06u << QStringList{"TA", "TP"};
-    QTest::newRow("TA switched on") << 0x08u << QStringList{"TA-on"};
-    QTest::newRow("REG") << 0x10u << QStringList{"REG"};
     QTest::newRow("all five") << 0x1Fu << QStringList{"ST", "TA", "TP", "TA-on", "REG"};
     QTest::newRow("unknown bits ignored") << 0xFFFFFFE1u << QStringList{"ST"};
 }
@@ -87,8 +84,6 @@ void TestHostState::bandName_data()
     QTest::addColumn<int>("band");
     QTest::addColumn<QString>("name");
     QTest::newRow("FM1") << 0 << "FM1";
-    QTest::newRow("FM3") << 2 << "FM3";
-    QTest::newRow("AM1") << 3 << "AM1";
     QTest::newRow("AM2") << 4 << "AM2";
     QTest::newRow("beyond") << 5 << "?";
     QTest::newRow("negative") << -1 << "?";

@@ -15,7 +15,6 @@ private slots:
     void cleanup();
     void findPrefersVisibleWidget();
     void findIncludesRootAndHandlesNoName();
-    void clickEmitsOneClick();
     void clickOnDisabledButtonDoesNothing();
     void longPressEmitsLongPressOnly();
     void longPressHoldPassesThreshold_data();
@@ -82,17 +81,6 @@ void TestSyntheticInput::findIncludesRootAndHandlesNoName()
     QCOMPARE(SyntheticInput::findWidget(nullptr, QStringLiteral("SeekUp")), nullptr);
 }
 
-void TestSyntheticInput::clickEmitsOneClick()
-{
-    QSignalSpy clicks(m_button, &HvIconButton::btnClicked);
-    QSignalSpy longPresses(m_button, &HvIconButton::btnLongPress);
-    SyntheticInput::click(m_button);
-    QCOMPARE(clicks.count(), 1);
-    QCOMPARE(clicks.first().first().toString(), QStringLiteral("up"));
-    QCOMPARE(longPresses.count(), 0);
-    QVERIFY(!m_button->isPressed());
-}
-
 void TestSyntheticInput::clickOnDisabledButtonDoesNothing()
 {
     m_button->setDisableState(true);
@@ -115,7 +103,6 @@ void TestSyntheticInput::longPressHoldPassesThreshold_data()
 {
     QTest::addColumn<int>("threshold");
     QTest::newRow("short") << 150;
-    QTest::newRow("default") << int(HvIconButton::DefaultLongPressThreshold);
     QTest::newRow("long") << 2000;
 }
 

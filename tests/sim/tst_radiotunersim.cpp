@@ -80,22 +80,12 @@ class TestRadioTunerSim : public QObject
 {
     Q_OBJECT
 private slots:
-    void help();
     void badArguments_data();
     void badArguments();
-    void nameAlreadyTaken();
     void drivenByHandWithTrace();
-    void sameSeedSameRecords();
     void lineupFile();
     void replayedLog();
 };
-
-void TestRadioTunerSim::help()
-{
-    QByteArray out, err;
-    QCOMPARE(runToEnd({QStringLiteral("--help")}, &out, &err), 0);
-    QVERIFY(out.startsWith("Usage: radio-tunersim"));
-}
 
 void TestRadioTunerSim::badArguments_data()
 {
@@ -104,7 +94,6 @@ void TestRadioTunerSim::badArguments_data()
     QTest::addColumn<QString>("message");
     QTest::newRow("unknown option") << QStringList{QStringLiteral("--bogus")} << 2 << QStringLiteral("unknown option --bogus");
     QTest::newRow("region") << QStringList{QStringLiteral("--region"), QStringLiteral("30")} << 2 << QStringLiteral("--region must be 0-23");
-    QTest::newRow("missing line-up") << QStringList{QStringLiteral("--lineup"), QStringLiteral("/nonexistent.csv")} << 1 << QStringLiteral("cannot read /nonexistent.csv");
     QTest::newRow("missing log") << QStringList{QStringLiteral("--rds"), QStringLiteral("96.7=/nonexistent.spy")} << 1 << QStringLiteral("cannot read /nonexistent.spy");
     QTest::newRow("log on AM") << QStringList{QStringLiteral("--rds"), QStringLiteral("999=") + QStringLiteral(RADIO_TUNERSIM_BIN)} << 1 << QStringLiteral("not an FM frequency");
 }
@@ -118,16 +107,6 @@ void TestRadioTunerSim::badArguments()
     args << QStringLiteral("--name") << uniqueName("bad");
     QCOMPARE(runToEnd(args, &out, &err), exitCode);
     QVERIFY2(QString::fromUtf8(err).contains(message), err.constData());
-}
-
-void TestRadioTunerSim::nameAlreadyTaken()
-{
-    const QString name = uniqueName("taken");
-    Sim first;
-    QVERIFY(first.start({QStringLiteral("--trace"), QStringLiteral("--name"), name}));
-    QByteArray out, err;
-    QCOMPARE(runToEnd({QStringLiteral("--name"), name}, &out, &err), 1);
-    QVERIFY2(err.contains("cannot listen on @" + name.toUtf8()), err.constData());
 }
 
 // What an integrator does: start it with --trace, connect, send a few
@@ -157,52 +136,6 @@ void TestRadioTunerSim::drivenByHandWithTrace()
     client.close();
     QTRY_VERIFY(!sim.lines.filter(QStringLiteral("# screen gone")).isEmpty());
     QCOMPARE(sim.process.state(), QProcess::Running);
-}
-
-void TestRadioTunerSim::sameSeedSameRecords()
-{
-    auto session = [](quint32 seed) {
-        const QString name = uniqueName("seed");
-        Sim sim;
-        if (!sim.start({QStringLiteral("--trace"), QStringLiteral("--name"), name, QStringLiteral("--seed"), QString::number(seed),
-                        QStringLiteral("--time-scale"), QStringLiteral("100")}))
-            return QByteArray("no start");
-        SimClient client;
-        if (!client.connectTo(name) || !QTest::qWaitFor([&] { return client.records.size() == 9; }, 5000))
-            return QByteArray("no state");
-        // Each command waits for its answer before the next goes out, so
-        // that timers and commands meet in the same order every time. A
-        // seek (kept to FM) has ended when a tuning state names a station:
-        // channels passed on the way are muted.
-        auto settled = [&client](int before) {
-            for (int i = client.records.size() - 1; i >= before; --i) {
-                if (client.records.at(i).cmd == MCU_TUNE_INFO)
-                    return ps(client.records.at(i)) != QByteArray(8, ' ') && client.records.last().cmd == MCU_SIGNAL;
-            }
-            return false;
-        };
-        const uint32_t script[][2] = {{RC_SEEK_UP, 0}, {RC_STEP_UP, 0}, {RC_PRESET, 4}, {RC_SEEK_DOWN, 0},
-                                      {RC_BAND, 5}, {RC_BAND, 2}, {RC_SEEK_UP, 0}, {RC_PRESET_LONG, 8}};
-        for (const auto& c : script) {
-            const int before = client.records.size();
-            client.send(c[0], c[1]);
-            const bool seek = c[0] == RC_SEEK_UP || c[0] == RC_SEEK_DOWN;
-            if (!QTest::qWaitFor([&] { return seek ? settled(before) : client.records.size() > before; }, 5000))
-                return QByteArray("no answer");
-        }
-        const int before = client.records.size();
-        client.send(RC_REQUEST_LIST);
-        if (!QTest::qWaitFor([&] { return client.records.size() == before + 9; }, 5000))
-            return QByteArray("no state");
-        QByteArray bytes;
-        for (const tag_RadioCmdFromMCU& r : client.records)
-            bytes.append(reinterpret_cast<const char*>(&r), sizeof r);
-        return bytes;
-    };
-    const QByteArray first = session(5);
-    QVERIFY2(first.size() > 30 * int(sizeof(tag_RadioCmdFromMCU)), first.left(20).constData());
-    QCOMPARE(session(5), first);
-    QVERIFY(session(6) != first);
 }
 
 void TestRadioTunerSim::lineupFile()

@@ -105,7 +105,6 @@ void TestRdsLog::realLogs_data()
     QTest::addColumn<uint>("section");
     QTest::newRow("spy") << QStringLiteral("Czech_Republic/210E_-_2020-08-21_17-48-06.spy") << 680 << 0u;
     QTest::newRow("rds with retune") << QStringLiteral("Finland/6403_-_2018-09-05_15-15-59_FI_HE_YLESUOMI.rds") << 4990 << 94000u;
-    QTest::newRow("rds") << QStringLiteral("Germany/D42A_-_2018-11-01_14-17-16_DE_BER_RTL104_6.rds") << 5910 << 104600u;
 }
 
 void TestRdsLog::realLogs()

@@ -10,7 +10,6 @@ class TestStationList : public QObject
 private slots:
     void builtInFitsEveryRegion_data();
     void builtInFitsEveryRegion();
-    void builtInIsDeterministic();
     void parseFrequency_data();
     void parseFrequency();
     void csvPositional();
@@ -66,30 +65,14 @@ void TestStationList::builtInFitsEveryRegion()
     QVERIFY(strong >= 1);
 }
 
-void TestStationList::builtInIsDeterministic()
-{
-    auto signature = [](const StationList& list) {
-        QByteArray bytes;
-        for (const Station& s : list.stations())
-            bytes += QByteArray::number(s.freq) + s.ps + char(s.signal) + char(s.pty);
-        return bytes;
-    };
-    QCOMPARE(signature(StationList::builtIn(12, 99)), signature(StationList::builtIn(12, 99)));
-    QVERIFY(signature(StationList::builtIn(12, 99)) != signature(StationList::builtIn(12, 100)));
-    QVERIFY(signature(StationList::builtIn(12, 99)) != signature(StationList::builtIn(13, 99)));
-}
-
 void TestStationList::parseFrequency_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<uint>("expected");
     QTest::newRow("MHz") << QByteArray("96.7") << 9670u;
     QTest::newRow("MHz two decimals") << QByteArray(" 101.15 ") << 10115u;
-    QTest::newRow("MHz comma") << QByteArray("96,7") << 9670u;
     QTest::newRow("FM units") << QByteArray("9670") << 9670u;
-    QTest::newRow("AM kHz") << QByteArray("999") << 999u;
     QTest::newRow("empty") << QByteArray("") << 0u;
-    QTest::newRow("word") << QByteArray("freq") << 0u;
     QTest::newRow("negative") << QByteArray("-96.7") << 0u;
     QTest::newRow("too big") << QByteArray("70000") << 0u;
 }

@@ -68,18 +68,15 @@ private slots:
     void init();
     void cleanup();
     void wholeStateOnConnect();
-    void listRequestResendsWholeState();
     void afterwardsOnlyChanges();
-    void newFrequencyResendsNameAndPty();
-    void newBandResendsPresetNamesAndRds();
-    void refusedFrequencyResendsState();
+    void commandResendsRecords_data();
+    void commandResendsRecords();
     void framesSplitAcrossWrites_data();
     void framesSplitAcrossWrites();
     void junkFramesAreIgnored();
     void clientVanishingMidFrameLeavesNoTrace();
     void newConnectionReplacesOld();
     void seekOverTheSocket();
-    void traceLinesForFramesAndRecords();
     void nameAlreadyTaken();
     void replayedLogOverTheSocket();
 
@@ -144,16 +141,6 @@ void TestTunerServer::wholeStateOnConnect()
     QCOMPARE(client.partialBytes(), 0);
 }
 
-void TestTunerServer::listRequestResendsWholeState()
-{
-    QVERIFY(start());
-    SimClient client;
-    QVERIFY(connectClient(client));
-    client.records.clear();
-    QVERIFY(client.send(RC_REQUEST_LIST));
-    QTRY_COMPARE(client.kinds(), kWholeState);
-}
-
 void TestTunerServer::afterwardsOnlyChanges()
 {
     QVERIFY(start());
@@ -171,46 +158,37 @@ void TestTunerServer::afterwardsOnlyChanges()
     QCOMPARE(client.records.last().cmd, uint32_t(MCU_FAVOURITE));
 }
 
-void TestTunerServer::newFrequencyResendsNameAndPty()
+// What a command makes the server send: a new frequency clears the name and
+// PTY on the screen, so they come again even when equal; a new band adds
+// its presets and RDS state; a refused frequency resends everything.
+void TestTunerServer::commandResendsRecords_data()
 {
-    QVERIFY(start());
-    SimClient client;
-    QVERIFY(connectClient(client));
-    client.records.clear();
-    // Same name and PTY on the new frequency: the screen cleared its copy
-    // with the new tuning state, so they come again. The radio text it
-    // keeps, and that did not change.
-    QVERIFY(client.send(RC_SET_FREQ, 10000));
-    QTRY_VERIFY(client.kinds().contains(MCU_SIGNAL));
-    QCOMPARE(client.kinds(), (QList<uint32_t>{MCU_TUNE_INFO, MCU_PTY, MCU_PS_NAME, MCU_SIGNAL}));
-    QCOMPARE(client.records.first().freq, 10000u);
-    QCOMPARE(client.records.first().preset, uint8_t(3));
+    QTest::addColumn<uint32_t>("code");
+    QTest::addColumn<uint32_t>("param");
+    QTest::addColumn<QList<uint32_t>>("kinds");
+    QTest::addColumn<uint32_t>("freq");
+    QTest::newRow("new frequency") << uint32_t(RC_SET_FREQ) << 10000u
+                                   << QList<uint32_t>{MCU_TUNE_INFO, MCU_PTY, MCU_PS_NAME, MCU_SIGNAL} << 10000u;
+    QTest::newRow("new band") << uint32_t(RC_BAND) << 4u
+                              << QList<uint32_t>{MCU_TUNE_INFO, MCU_PRESET_FREQ, MCU_PRESET_PS, MCU_PTY, MCU_PS_NAME,
+                                                 MCU_RADIO_TEXT, MCU_RDS_FLAGS, MCU_SIGNAL}
+                              << 603u;
+    QTest::newRow("refused frequency") << uint32_t(RC_SET_FREQ) << 10810u << kWholeState << 8800u;
 }
 
-void TestTunerServer::newBandResendsPresetNamesAndRds()
+void TestTunerServer::commandResendsRecords()
 {
+    QFETCH(uint32_t, code);
+    QFETCH(uint32_t, param);
+    QFETCH(QList<uint32_t>, kinds);
+    QFETCH(uint32_t, freq);
     QVERIFY(start());
     SimClient client;
     QVERIFY(connectClient(client));
     client.records.clear();
-    QVERIFY(client.send(RC_BAND, 4));
-    QTRY_VERIFY(client.kinds().contains(MCU_SIGNAL));
-    QCOMPARE(client.kinds(), (QList<uint32_t>{MCU_TUNE_INFO, MCU_PRESET_FREQ, MCU_PRESET_PS, MCU_PTY, MCU_PS_NAME,
-                                               MCU_RADIO_TEXT, MCU_RDS_FLAGS, MCU_SIGNAL}));
-    QCOMPARE(client.records.first().band, uint8_t(3));
-    QCOMPARE(client.records.first().freq, 603u);
-}
-
-void TestTunerServer::refusedFrequencyResendsState()
-{
-    QVERIFY(start());
-    SimClient client;
-    QVERIFY(connectClient(client));
-    client.records.clear();
-    QVERIFY(client.send(RC_SET_FREQ, 10810));
-    QTRY_COMPARE(client.kinds(), kWholeState);
-    QCOMPARE(client.records.first().freq, 8800u);
-    QVERIFY(m_log.filter(QStringLiteral("outside the band plan")).size() == 1);
+    QVERIFY(client.send(code, param));
+    QTRY_COMPARE(client.kinds(), kinds);
+    QCOMPARE(client.records.first().freq, freq);
 }
 
 void TestTunerServer::framesSplitAcrossWrites_data()
@@ -320,21 +298,6 @@ void TestTunerServer::seekOverTheSocket()
     for (int i = 1; i < freqs.size(); ++i)
         QVERIFY(freqs.at(i) > freqs.at(i - 1) && freqs.at(i) <= 9500u);
     QCOMPARE(QByteArray(reinterpret_cast<const char*>(client.lastOf(MCU_PS_NAME).psName), 8), QByteArray("CHARLIE "));
-}
-
-void TestTunerServer::traceLinesForFramesAndRecords()
-{
-    QVERIFY(start());
-    QStringList trace;
-    m_server->setTraceSink([&trace](const QString& line) { trace << line; });
-    SimClient client;
-    QVERIFY(connectClient(client));
-    QCOMPARE(trace.size(), kWholeState.size());
-    QVERIFY(trace.first().startsWith(QStringLiteral("-> MCU_TUNE_INFO freq=8800 (88.00 MHz) band=0 (FM1) preset=1")));
-    QVERIFY(client.send(RC_STEP_UP));
-    QTRY_VERIFY(trace.size() > kWholeState.size() + 1);
-    QCOMPARE(trace.at(kWholeState.size()), QStringLiteral("<- RC_STEP_UP(7) param=0"));
-    QVERIFY(trace.at(kWholeState.size() + 1).startsWith(QStringLiteral("-> MCU_TUNE_INFO freq=8805")));
 }
 
 void TestTunerServer::nameAlreadyTaken()
