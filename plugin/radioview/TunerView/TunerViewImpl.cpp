@@ -79,10 +79,10 @@ TunerViewImpl::TunerViewImpl(QWidget* parent) : BaseView(QStringLiteral("radiovi
     m_pBaseBar->hide();
 
     m_pProtocolComm = ProtocolComm::GetInstance();
-    if (m_pProtocolComm)
+    if (m_pProtocolComm) {
         m_pProtocolComm->Start();
-    if (m_pProtocolComm)
         m_pProtocolComm->Tuner_Request_list();
+    }
 
     qRegisterMetaType<RadioCmdFromMCU_T>("RadioCmdFromMCU_T");
     qRegisterMetaType<RadioInfo_t_>("RadioInfo_t_");
@@ -270,7 +270,7 @@ void TunerViewImpl::HandleTunerMsgSlot(RadioCmdFromMCU_T msg)
     }
 }
 
-void TunerViewImpl::handleTuneInfo(const tag_RadioCmdFromMCU& msg)
+void TunerViewImpl::handleTuneInfo(tag_RadioCmdFromMCU& msg)
 {
     TunerView* view = m_pTunerView;
     const bool bandChanged = msg.band != m_lastMsg.band;
@@ -286,8 +286,7 @@ void TunerViewImpl::handleTuneInfo(const tag_RadioCmdFromMCU& msg)
         view->checkFreqParam(msg.band);
     }
     if (msg.freq != m_lastMsg.freq) {
-        tag_RadioCmdFromMCU incoming = msg;
-        view->Tuner_UI_PlayInfoDisp(incoming.freq, incoming.psName);
+        view->Tuner_UI_PlayInfoDisp(msg.freq, msg.psName);
         emit view->sigRadioCurFreqChanged(float(msg.freq));
     }
     if (msg.asState != m_lastMsg.asState || msg.psState != m_lastMsg.psState) {

@@ -128,7 +128,8 @@ protected:
     void changeEvent(QEvent* e) override;
 
 private:
-    void handleTuneInfo(const tag_RadioCmdFromMCU& msg);
+    // msg is the slot's own copy of the record.
+    void handleTuneInfo(tag_RadioCmdFromMCU& msg);
     void handleRdsFlags(const tag_RadioCmdFromMCU& msg);
     void sendBand(unsigned char band);
     int presetNumber(const QString& id, bool* ok) const;
