@@ -5,6 +5,8 @@
 #include "ActivityProperty.h"
 #include "UIManager.h"
 
+#include "PluginFolder.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QWidget>
@@ -43,12 +45,7 @@ void TestActivityPluginLoader::cleanup()
 
 QString TestActivityPluginLoader::folderWith(const QStringList& plugins)
 {
-    static int count = 0;
-    const QString folder = m_dir.filePath(QStringLiteral("plugins%1").arg(++count));
-    QDir().mkpath(folder);
-    for (const QString& plugin : plugins)
-        QFile::link(plugin, QDir(folder).filePath(QFileInfo(plugin).fileName()));
-    return folder;
+    return pluginFolder(m_dir, plugins);
 }
 
 void TestActivityPluginLoader::acceptsActivityAndRegistersItByName()

@@ -3,6 +3,8 @@
 // plugins, so no tuner is involved.
 #include "HeadUnitProcess.h"
 
+#include "PluginFolder.h"
+
 #include <QFile>
 #include <QJsonArray>
 #include <QTemporaryDir>
@@ -41,12 +43,7 @@ private:
 
 QString TestHeadUnitShell::folderWith(const QStringList& plugins)
 {
-    static int count = 0;
-    const QString folder = m_dir.filePath(QStringLiteral("plugins%1").arg(++count));
-    QDir().mkpath(folder);
-    for (const QString& plugin : plugins)
-        QFile::link(plugin, QDir(folder).filePath(QFileInfo(plugin).fileName()));
-    return folder;
+    return pluginFolder(m_dir, plugins);
 }
 
 void TestHeadUnitShell::rejectsPluginsByInterfaceId_data()
