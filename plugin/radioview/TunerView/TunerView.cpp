@@ -28,11 +28,11 @@
 #include <cmath>
 #include <cstring>
 
-int TunerView::s_startupMuteMs = 2000;
-int TunerView::s_standbyMs = 15000;
-int TunerView::s_asPsBlinkMs = 1000;
-
 namespace {
+
+constexpr int StartupMuteMs = 2000;  // start-up hard mute
+constexpr int StandbyMs = 15000;     // standby countdown
+constexpr int AsPsBlinkMs = 1000;    // AS/PS blink half period
 
 const QColor IndicatorOn(255, 255, 255);
 const QColor IndicatorOff(128, 128, 128);
@@ -63,7 +63,7 @@ TunerView::TunerView(QWidget* parent) : QWidget(parent), m_pUi(new Ui_RadioMain)
     setGeometry(hvappframework::UIManager::getSystemViewRect());
     m_pUi->setupUi(this);
 
-    m_muteTimerId = startTimer(s_startupMuteMs, Qt::CoarseTimer);
+    m_muteTimerId = startTimer(StartupMuteMs, Qt::CoarseTimer);
     m_bHardMute = 0;
     if (PlatformControl* platform = PlatformControl::getInstance()) {
         platform->setHardMute(true);
@@ -279,7 +279,7 @@ void TunerView::StartAsPsDisp(unsigned char isPS)
     m_bPsBlink = isPS != 0;
     if (m_pAsPsLabel)
         m_pAsPsLabel->setText(isPS ? QStringLiteral("PS") : QStringLiteral("AS"));
-    restartTimer(m_asPsTimerId, s_asPsBlinkMs);
+    restartTimer(m_asPsTimerId, AsPsBlinkMs);
 }
 
 void TunerView::StopAsPsDisp()
@@ -570,13 +570,13 @@ void TunerView::OnPowerBtnClicked(QString id)
 
 void TunerView::reqExitStandbySlot()
 {
-    restartTimer(m_standbyTimerId, s_standbyMs);
+    restartTimer(m_standbyTimerId, StandbyMs);
     emit sigReqExitStandby();
 }
 
 void TunerView::resetStandbyTimetSlot()
 {
-    restartTimer(m_standbyTimerId, s_standbyMs);
+    restartTimer(m_standbyTimerId, StandbyMs);
 }
 
 void TunerView::stopStandbyTimetSlot()

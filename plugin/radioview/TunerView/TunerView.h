@@ -23,11 +23,6 @@ class TunerView : public QWidget
     friend class TunerViewImpl;
 
 public:
-    // Timer intervals in ms; a test may shorten them before constructing.
-    static int s_startupMuteMs;  // start-up hard mute, 2000
-    static int s_standbyMs;      // standby countdown, 15000
-    static int s_asPsBlinkMs;    // AS/PS blink half period, 1000
-
     explicit TunerView(QWidget* parent = nullptr);
     ~TunerView() override;
 

@@ -27,9 +27,10 @@
 #include <cstdio>
 #include <cstring>
 
-int TunerViewImpl::s_requestIntervalMs = 560;
-
 namespace {
+
+// Start-up list request, repeated until the tuner has answered.
+constexpr int RequestIntervalMs = 560;
 
 // takeScreen() is skipped once per process: at the first construction that
 // finds last-memory source 0.
@@ -121,7 +122,7 @@ TunerViewImpl::TunerViewImpl(QWidget* parent) : BaseView(QStringLiteral("radiovi
 
     initWidget();
 
-    m_requestTimerId = startTimer(s_requestIntervalMs, Qt::CoarseTimer);
+    m_requestTimerId = startTimer(RequestIntervalMs, Qt::CoarseTimer);
     puts("=============>>>>into radio view");
     fflush(stdout);
 }

@@ -22,10 +22,6 @@ class TunerViewImpl : public BaseView
 {
     Q_OBJECT
 public:
-    // Interval of the start-up list request, 560 ms; a test may shorten it
-    // before constructing.
-    static int s_requestIntervalMs;
-
     explicit TunerViewImpl(QWidget* parent = nullptr);
     ~TunerViewImpl() override;
 
