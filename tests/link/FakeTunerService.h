@@ -5,84 +5,57 @@
 #include "RadioCmdToMCU.h"
 
 #include <atomic>
-#include <cstddef>
+#include <condition_variable>
 #include <mutex>
+#include <string>
 #include <thread>
 #include <vector>
 
 // Stand-in for the tuner service: listens on the abstract address
-// "kestrelhub", accepts the link, collects the command frames it sends and
-// writes status bytes back in whatever pieces a test asks for. It can drop
-// the connection, stop reading (so that frames pile up unread), and be
-// stopped and started again like a crashing service.
-//
-// Frames and writes go to and from the newest accepted connection; every
-// connection still open is read.
+// "kestrelhub", collects the command frames the link sends and writes
+// status bytes back to the newest connection. Waits block on the caller's
+// thread without running a Qt event loop, so no Qt timer fires meanwhile.
 class FakeTunerService
 {
 public:
-    FakeTunerService();
-    ~FakeTunerService();
-    FakeTunerService(const FakeTunerService&) = delete;
-    FakeTunerService& operator=(const FakeTunerService&) = delete;
+    ~FakeTunerService() { stop(); }
 
-    // Binds and listens; false (with a line on stderr) when the address is
-    // taken or the service runs already.
     bool start();
     // Closes the listener and every connection, like a killed service.
     void stop();
-    bool isListening() const;
 
     int acceptedCount() const;
-    int openClientCount() const;
-    bool hasClient() const { return openClientCount() > 0; }
+    bool hasClient() const;
+    // The address the newest connection comes from, as getpeername() says.
+    std::string peerPath() const;
 
     std::vector<RadioCmdToMCU> frames() const;
-    int frameCount() const;
-    // Number of received frames with this code.
-    int frameCount(uint32_t code) const;
     void clearFrames();
+    // Sends nothing itself: waits until `count` frames have arrived.
+    bool waitForFrames(size_t count, int timeoutMs = 5000) const;
+    // Waits for a connection newer than the `accepted` ones.
+    bool waitForClient(int accepted = 0, int timeoutMs = 5000) const;
 
-    // While off, bytes the link sends stay unread in the connection.
-    void setReading(bool on);
-
-    // Writes the whole buffer to the newest connection.
     bool write(const void* data, size_t len);
-    bool writeRecord(const tag_RadioCmdFromMCU& record);
-    // Writes the buffer piece by piece and lets the link read each piece
-    // before the next one goes out, so that no two pieces reach it in one
-    // read. A piece size of 0 is skipped; bytes beyond the sum of the sizes
-    // are written as one last piece.
-    bool writeSeparately(const void* data, size_t len, const std::vector<size_t>& pieces, int timeoutMs = 5000);
-    // True once the link has read everything written to the newest
-    // connection, false when that takes longer than timeoutMs.
+    bool writeRecord(const tag_RadioCmdFromMCU& record) { return write(&record, sizeof record); }
+    // True once the link has read everything written to the newest connection.
     bool waitUntilConsumed(int timeoutMs = 5000) const;
-
-    // Closes the newest connection (unread bytes from the link included).
+    // While off, frames the link sends stay unread in the connection.
+    void setReading(bool on);
     void closeClient();
 
 private:
-    struct Client {
-        int fd;
-        std::vector<unsigned char> pending;
-    };
-
     void run();
     void wake();
-    void acceptClient();
-    void readClient(int fd);
-    void closeClientLocked(size_t index);
-    int newestFd() const;
+    void readClient(size_t index);
 
-    // Lock order: m_writeLock before m_lock. Writes may block until the link
-    // reads; frames are read under m_lock alone, so a blocked write never
-    // stops the service from taking the link's frames.
-    mutable std::mutex m_writeLock;
     mutable std::mutex m_lock;
-    std::vector<Client> m_clients;
+    mutable std::condition_variable m_changed;
+    std::vector<int> m_clients;
+    std::vector<std::vector<unsigned char>> m_pending;
     std::vector<RadioCmdToMCU> m_frames;
+    std::string m_peerPath;
     int m_accepted = 0;
-
     int m_listenFd = -1;
     int m_wake[2] = {-1, -1};
     std::thread m_thread;

@@ -3,42 +3,38 @@
 
 #include "RadioCmdFromMCU.h"
 
-#include <QList>
-
-#include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <vector>
 
-// Controller stand-in for the link's m_pTuner seam: keeps every record the
-// reader thread hands over.
-//
-// After detach() (called once the test has cleared m_pTuner) any further
-// hand-over is counted as a late delivery, which the link must never make.
-// setHold(true) keeps the reader thread inside the hand-over until
-// setHold(false), so a test can act while the reader is busy.
+// Stands in for the controller behind m_pTuner and keeps every record the
+// link's reader hands over.
 class RecordingController
 {
 public:
-    void RecvedTunerMsg(tag_RadioCmdFromMCU msg);
-
-    int count() const;
-    QList<tag_RadioCmdFromMCU> records() const;
-
-    void detach();
-    int lateDeliveries() const;
-
-    void setHold(bool hold);
-    // True while a hand-over is held.
-    bool isHolding() const;
+    void RecvedTunerMsg(tag_RadioCmdFromMCU msg)
+    {
+        std::lock_guard<std::mutex> guard(m_lock);
+        m_records.push_back(msg);
+        m_arrived.notify_all();
+    }
+    std::vector<tag_RadioCmdFromMCU> records() const
+    {
+        std::lock_guard<std::mutex> guard(m_lock);
+        return m_records;
+    }
+    bool waitFor(size_t count, int timeoutMs = 5000) const
+    {
+        std::unique_lock<std::mutex> guard(m_lock);
+        return m_arrived.wait_for(guard, std::chrono::milliseconds(timeoutMs),
+                                  [&] { return m_records.size() >= count; });
+    }
 
 private:
     mutable std::mutex m_lock;
-    std::condition_variable m_released;
-    QList<tag_RadioCmdFromMCU> m_records;
-    bool m_hold = false;
-    bool m_holding = false;
-    std::atomic<bool> m_detached{false};
-    std::atomic<int> m_late{0};
+    mutable std::condition_variable m_arrived;
+    std::vector<tag_RadioCmdFromMCU> m_records;
 };
 
 #endif
