@@ -1,19 +1,16 @@
-// Loads the built radio plugin exactly as the head unit does and drives the
-// activity through its lifecycle.
+// Loads the built radio plugin as the head unit does and drives the activity.
 #include "Activity.h"
 #include "ActivityProperty.h"
-#include "ImplicitRuleManager.h"
-#include "ModuleManager.h"
-#include "UIManager.h"
 #include "AppData.h"
 #include "AuxinModule.h"
 #include "BaseControl.h"
 #include "DataSaveControl.h"
+#include "ImplicitRuleManager.h"
+#include "ModuleManager.h"
+#include "UIManager.h"
 
 #include <QJsonObject>
 #include <QPluginLoader>
-#include <QPointer>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -23,76 +20,55 @@ class tst_RadioActivity : public QObject
 
 private slots:
     void initTestCase();
-    void cleanupTestCase();
-    void metadata();
-    void rootIsActivity();
+    void cleanup();
+    void plugin();
     void property();
-    void implicitRules();
-    void startBeforeCreateDoesNothing();
+    void lifecycle_data();
     void lifecycle();
-    void createTwiceMakesOneController();
-    void stopStopsTheStreamFlagOnly();
 
 private:
-    QWidget* controller() const { return m_activity->getProperty()->getUiObj(); }
-
-    QTemporaryDir m_settingsDir;
+    QTemporaryDir m_settings;
     QPluginLoader m_loader{QStringLiteral(RADIO_PLUGIN_FILE)};
-    QObject* m_root = nullptr;
     hvappframework::Activity* m_activity = nullptr;
     QWidget m_layer;
-    QSharedPointer<AuxinModulePlugin> m_auxin;
+    QSharedPointer<AuxinModulePlugin> m_auxin = QSharedPointer<AuxinModulePlugin>::create();
 };
 
 void tst_RadioActivity::initTestCase()
 {
-    QVERIFY(m_settingsDir.isValid());
-    DataSaveControl::setStoreFile(m_settingsDir.filePath(QStringLiteral("settings.ini")));
+    QVERIFY(m_settings.isValid());
+    DataSaveControl::setStoreFile(m_settings.filePath(QStringLiteral("settings.ini")));
     AppData::createInstance();
     BaseControl::createInstance();
-    m_auxin = QSharedPointer<AuxinModulePlugin>::create();
     hvappframework::ModuleManager::self()->addModule(m_auxin);
-    m_layer.resize(1280, 720);
     hvappframework::UIManager::setUIHerarchy(1, &m_layer);
-
     QVERIFY2(m_loader.load(), qPrintable(m_loader.errorString()));
-    m_root = m_loader.instance();
-    QVERIFY(m_root);
-    m_activity = qobject_cast<hvappframework::Activity*>(m_root);
+    m_activity = qobject_cast<hvappframework::Activity*>(m_loader.instance());
     QVERIFY(m_activity);
 }
 
-void tst_RadioActivity::cleanupTestCase()
+void tst_RadioActivity::cleanup()
 {
     m_activity->onDestory();
-    hvappframework::ModuleManager::self()->removeModule(QStringLiteral("auxin"));
 }
 
-void tst_RadioActivity::metadata()
+void tst_RadioActivity::plugin()
 {
     const QJsonObject meta = m_loader.metaData();
     QCOMPARE(meta.value(QStringLiteral("IID")).toString(), QStringLiteral("activity/0.1"));
     QCOMPARE(meta.value(QStringLiteral("className")).toString(), QStringLiteral("RadioActivity"));
     QVERIFY(meta.value(QStringLiteral("MetaData")).toObject().isEmpty());
-}
 
-void tst_RadioActivity::rootIsActivity()
-{
-    QCOMPARE(m_root->metaObject()->className(), "RadioActivity");
-    void* byIid = m_root->qt_metacast("activity/0.1");
-    void* byName = m_root->qt_metacast("hvappframework::Activity");
-    QVERIFY(byIid);
-    QCOMPARE(byIid, byName);
-    QVERIFY(byIid != static_cast<void*>(m_root));
-    QCOMPARE(m_root->qt_metacast("RadioActivity"), static_cast<void*>(m_root));
-    // The loader hands out one root object for the life of the plugin.
-    QCOMPARE(m_loader.instance(), m_root);
+    QObject* root = m_loader.instance();
+    QCOMPARE(root->qt_metacast("RadioActivity"), static_cast<void*>(root));
+    QCOMPARE(root->qt_metacast("activity/0.1"), static_cast<void*>(m_activity));
+    QCOMPARE(root->qt_metacast("hvappframework::Activity"), static_cast<void*>(m_activity));
+    QVERIFY(static_cast<void*>(m_activity) != static_cast<void*>(root));
 }
 
 void tst_RadioActivity::property()
 {
-    QSharedPointer<hvappframework::ActivityProperty> p = m_activity->getProperty();
-    QVERIFY(p);
+    const QSharedPointer<hvappframework::ActivityProperty> p = m_activity->getProperty();
     QCOMPARE(p, m_activity->getProperty());
     QCOMPARE(p->getName(), QStringLiteral("radio"));
     QCOMPARE(p->getDispString(), QStringLiteral("Radio"));
@@ -102,76 +78,65 @@ void tst_RadioActivity::property()
     QCOMPARE(p->getResumeType(), 1);
     QVERIFY(p->getCbk().isNull());
     QCOMPARE(p->getStringList(), QStringList{QStringLiteral(":/radioimages/01_radio")});
+    const QSharedPointer<QStringList> modules = p->getDependModules();
+    QCOMPARE(*modules, (QStringList{QStringLiteral("auxin"), QStringLiteral("radio")}));
+    QVERIFY(modules != p->getDependModules());
 
-    QSharedPointer<QStringList> first = p->getDependModules();
-    QSharedPointer<QStringList> second = p->getDependModules();
-    QCOMPARE(*first, (QStringList{QStringLiteral("auxin"), QStringLiteral("radio")}));
-    QVERIFY(first.data() != second.data());
+    using hvappframework::ImplicitRule;
+    QCOMPARE(hvappframework::ImplicitRuleManager::self()->rulesForModule(QStringLiteral("auxin")),
+             (QList<ImplicitRule>{ImplicitRule(QStringLiteral("auxin"), 2, 1, QStringLiteral("radio"), 4, 0),
+                                  ImplicitRule(QStringLiteral("auxin"), 3, 0, QStringLiteral("radio"), 2, 0)}));
 }
 
-void tst_RadioActivity::implicitRules()
+void tst_RadioActivity::lifecycle_data()
 {
-    const QList<hvappframework::ImplicitRule> rules =
-        hvappframework::ImplicitRuleManager::self()->rulesForModule(QStringLiteral("auxin"));
-    QCOMPARE(rules.size(), 2);
-    QCOMPARE(rules.at(0), hvappframework::ImplicitRule(QStringLiteral("auxin"), 2, 1, QStringLiteral("radio"), 4, 0));
-    QCOMPARE(rules.at(1), hvappframework::ImplicitRule(QStringLiteral("auxin"), 3, 0, QStringLiteral("radio"), 2, 0));
+    QTest::addColumn<QString>("calls");
+    QTest::addColumn<int>("controllers");
+    QTest::addColumn<bool>("shown");
+    QTest::addColumn<QStringList>("audio");
+
+    QTest::newRow("start and stop before create") << "start stop" << 0 << false << QStringList();
+    QTest::newRow("create twice makes one controller") << "create create" << 1 << true << QStringList();
+    QTest::newRow("stop hides") << "create start stop" << 1 << false << QStringList();
+    QTest::newRow("start after stop shows and switches the stream on")
+        << "create stop start" << 1 << true << QStringList{"setAVInMode(0)", "streamOn()"};
+    QTest::newRow("create after destroy makes a new controller") << "create destroy create" << 2 << true
+                                                                   << QStringList{"takeScreen()", "setVideoOnly(false)",
+                                                                                  "setAVInMode(0)", "setAudioOnly(true)",
+                                                                                  "setAudioInChannel(1)", "streamOn()"};
+    QTest::newRow("destroy twice") << "create destroy destroy" << 1 << false << QStringList();
 }
 
-void tst_RadioActivity::startBeforeCreateDoesNothing()
-{
-    QCOMPARE(m_activity->onStart(), 0);
-    QCOMPARE(m_activity->onStop(), 0);
-    QVERIFY(!controller());
-}
-
+// Every call answers 0; the stream calls are those after the first create.
 void tst_RadioActivity::lifecycle()
 {
-    for (int round = 0; round < 2; ++round) {
-        QCOMPARE(m_activity->onCreat(), 0);
-        QPointer<QWidget> ui = controller();
-        QVERIFY(ui);
-        QCOMPARE(ui->metaObject()->className(), "TunerViewImpl");
-        QCOMPARE(ui->parentWidget(), &m_layer);
-        QVERIFY(ui->isVisible() || !m_layer.isVisible());
-        QVERIFY(!ui->isHidden());
+    QFETCH(QString, calls);
+    QFETCH(int, controllers);
+    QFETCH(bool, shown);
+    QFETCH(QStringList, audio);
 
-        QCOMPARE(m_activity->onStart(), 0);
-        QVERIFY(!ui->isHidden());
-        QCOMPARE(m_activity->onStop(), 0);
-        QVERIFY(ui->isHidden());
-        QCOMPARE(m_activity->onStart(), 0);
-        QVERIFY(!ui->isHidden());
-
-        QCOMPARE(m_activity->onDestory(), 0);
-        QVERIFY(ui.isNull());
-        QVERIFY(!controller());
-        QCOMPARE(m_activity->onDestory(), 0);
+    int made = 0;
+    QWidget* last = nullptr;
+    for (const QString& call : calls.split(QLatin1Char(' '))) {
+        const int result = call == QLatin1String("create") ? m_activity->onCreat()
+            : call == QLatin1String("start")               ? m_activity->onStart()
+            : call == QLatin1String("stop")                ? m_activity->onStop()
+                                                           : m_activity->onDestory();
+        QCOMPARE(result, 0);
+        QWidget* ui = m_activity->getProperty()->getUiObj();
+        if (ui && ui != last) {
+            QCOMPARE(ui->metaObject()->className(), "TunerViewImpl");
+            QCOMPARE(ui->parentWidget(), &m_layer);
+            if (made++ == 0)
+                m_auxin->getAuxinModule()->clearCalls();
+        }
+        last = ui;
     }
-}
-
-void tst_RadioActivity::createTwiceMakesOneController()
-{
-    QCOMPARE(m_activity->onCreat(), 0);
-    QWidget* first = controller();
-    QCOMPARE(m_activity->onCreat(), 0);
-    QCOMPARE(controller(), first);
-    QCOMPARE(m_layer.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly).size(), 1);
-    m_activity->onDestory();
-}
-
-// Stopping marks the radio stopped without touching the stream; the next
-// start switches the stream on again.
-void tst_RadioActivity::stopStopsTheStreamFlagOnly()
-{
-    AuxinModule* audio = m_auxin->getAuxinModule();
-    m_activity->onCreat();
-    audio->clearCalls();
-    m_activity->onStop();
-    QVERIFY(audio->calls().isEmpty());
-    m_activity->onStart();
-    QCOMPARE(audio->calls(), (QStringList{QStringLiteral("setAVInMode(0)"), QStringLiteral("streamOn()")}));
-    m_activity->onDestory();
+    QWidget* ui = m_activity->getProperty()->getUiObj();
+    QCOMPARE(made, controllers);
+    QCOMPARE(ui && !ui->isHidden(), shown);
+    QCOMPARE(m_layer.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly).size(), ui ? 1 : 0);
+    QCOMPARE(m_auxin->getAuxinModule()->calls(), audio);
 }
 
 QTEST_MAIN(tst_RadioActivity)

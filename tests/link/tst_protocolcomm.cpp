@@ -19,43 +19,40 @@ namespace {
 struct Command {
     const char* name;
     void (*send)(ProtocolComm*);
-    uint code;
-    uint param;
+    const char* frames;        // "code,param" separated by spaces
     const char* connectedLog;  // lines separated by '|'
     const char* failedLog;
 };
 
 const char kFail[] = "Radio send data fail.";
+RadioCmdToMCU data[3] = {{100, 1}, {101, 2}, {102, 3}};
 
 const Command kCommands[] = {
-    {"Tuner_Preset(7, false)", [](ProtocolComm* l) { l->Tuner_Preset(7, false); }, 0, 7, "", ""},
-    {"Tuner_Preset(7, true)", [](ProtocolComm* l) { l->Tuner_Preset(7, true); }, 1, 7, "", ""},
-    {"Tuner_Band(255)", [](ProtocolComm* l) { l->Tuner_Band(255); }, 2, 255, "", ""},
-    {"Tuner_AutoSearch", [](ProtocolComm* l) { l->Tuner_AutoSearch(); }, 3, 0, "", kFail},
-    {"Tuner_PS", [](ProtocolComm* l) { l->Tuner_PS(); }, 4, 0, "", kFail},
-    {"Tuner_SeekUp", [](ProtocolComm* l) { l->Tuner_SeekUp(); }, 5, 0, "RC_SEEK_UP|RC_SEEK_UP success",
+    {"Tuner_Preset(7, false)", [](ProtocolComm* l) { l->Tuner_Preset(7, false); }, "0,7", "", ""},
+    {"Tuner_Preset(7, true)", [](ProtocolComm* l) { l->Tuner_Preset(7, true); }, "1,7", "", ""},
+    {"Tuner_Band(255)", [](ProtocolComm* l) { l->Tuner_Band(255); }, "2,255", "", ""},
+    {"Tuner_AutoSearch", [](ProtocolComm* l) { l->Tuner_AutoSearch(); }, "3,0", "", kFail},
+    {"Tuner_PS", [](ProtocolComm* l) { l->Tuner_PS(); }, "4,0", "", kFail},
+    {"Tuner_SeekUp", [](ProtocolComm* l) { l->Tuner_SeekUp(); }, "5,0", "RC_SEEK_UP|RC_SEEK_UP success",
      "RC_SEEK_UP|Radio send data fail."},
-    {"Tuner_SeekDown", [](ProtocolComm* l) { l->Tuner_SeekDown(); }, 6, 0, "", kFail},
-    {"Tuner_StepUp", [](ProtocolComm* l) { l->Tuner_StepUp(); }, 7, 0, "", ""},
-    {"Tuner_StepDown", [](ProtocolComm* l) { l->Tuner_StepDown(); }, 8, 0, "", ""},
-    {"Tuner_Scan", [](ProtocolComm* l) { l->Tuner_Scan(); }, 9, 0, "", kFail},
-    {"Tuner_AFOnOff(true)", [](ProtocolComm* l) { l->Tuner_AFOnOff(true); }, 10, 1, "", ""},
-    {"Tuner_AFOnOff(false)", [](ProtocolComm* l) { l->Tuner_AFOnOff(false); }, 10, 0, "", ""},
-    {"Tuner_TAOnOff(true)", [](ProtocolComm* l) { l->Tuner_TAOnOff(true); }, 11, 1, "", ""},
-    {"Tuner_TAOnOff(false)", [](ProtocolComm* l) { l->Tuner_TAOnOff(false); }, 11, 0, "", ""},
-    {"Tuner_DxLoc(true)", [](ProtocolComm* l) { l->Tuner_DxLoc(true); }, 12, 1, "", ""},
-    {"Tuner_DxLoc(false)", [](ProtocolComm* l) { l->Tuner_DxLoc(false); }, 12, 0, "", ""},
-    {"Tuner_PTYSelected(31)", [](ProtocolComm* l) { l->Tuner_PTYSelected(31); }, 13, 31, "", ""},
-    {"Tuner_REGOnOff(true)", [](ProtocolComm* l) { l->Tuner_REGOnOff(true); }, 14, 1, "", ""},
-    {"Tuner_REGOnOff(false)", [](ProtocolComm* l) { l->Tuner_REGOnOff(false); }, 14, 0, "", ""},
-    {"Tuner_RDSOnOff(true)", [](ProtocolComm* l) { l->Tuner_RDSOnOff(true); }, 15, 1, "", ""},
-    {"Tuner_RDSOnOff(false)", [](ProtocolComm* l) { l->Tuner_RDSOnOff(false); }, 15, 0, "", ""},
-    {"Tuner_SetFreq(65535)", [](ProtocolComm* l) { l->Tuner_SetFreq(65535); }, 17, 65535, "", ""},
-    {"Tuner_PTYSeek", [](ProtocolComm* l) { l->Tuner_PTYSeek(); }, 18, 0, "", ""},
-    {"Tuner_Favor", [](ProtocolComm* l) { l->Tuner_Favor(); }, 20, 0, "", ""},
-    {"Tuner_PresetUp", [](ProtocolComm* l) { l->Tuner_PresetUp(); }, 21, 0, "", ""},
-    {"Tuner_PresetDown", [](ProtocolComm* l) { l->Tuner_PresetDown(); }, 22, 0, "", ""},
-    {"Tuner_Request_list", [](ProtocolComm* l) { l->Tuner_Request_list(); }, 255, 0, "", ""},
+    {"Tuner_SeekDown", [](ProtocolComm* l) { l->Tuner_SeekDown(); }, "6,0", "", kFail},
+    {"Tuner_StepUp", [](ProtocolComm* l) { l->Tuner_StepUp(); }, "7,0", "", ""},
+    {"Tuner_StepDown", [](ProtocolComm* l) { l->Tuner_StepDown(); }, "8,0", "", ""},
+    {"Tuner_Scan", [](ProtocolComm* l) { l->Tuner_Scan(); }, "9,0", "", kFail},
+    {"Tuner_AFOnOff", [](ProtocolComm* l) { l->Tuner_AFOnOff(true), l->Tuner_AFOnOff(false); }, "10,1 10,0", "", ""},
+    {"Tuner_TAOnOff", [](ProtocolComm* l) { l->Tuner_TAOnOff(true), l->Tuner_TAOnOff(false); }, "11,1 11,0", "", ""},
+    {"Tuner_DxLoc", [](ProtocolComm* l) { l->Tuner_DxLoc(true), l->Tuner_DxLoc(false); }, "12,1 12,0", "", ""},
+    {"Tuner_PTYSelected(31)", [](ProtocolComm* l) { l->Tuner_PTYSelected(31); }, "13,31", "", ""},
+    {"Tuner_REGOnOff", [](ProtocolComm* l) { l->Tuner_REGOnOff(true), l->Tuner_REGOnOff(false); }, "14,1 14,0", "", ""},
+    {"Tuner_RDSOnOff", [](ProtocolComm* l) { l->Tuner_RDSOnOff(true), l->Tuner_RDSOnOff(false); }, "15,1 15,0", "", ""},
+    {"Tuner_SetFreq(65535)", [](ProtocolComm* l) { l->Tuner_SetFreq(65535); }, "17,65535", "", ""},
+    {"Tuner_PTYSeek", [](ProtocolComm* l) { l->Tuner_PTYSeek(); }, "18,0", "", ""},
+    {"Tuner_Favor", [](ProtocolComm* l) { l->Tuner_Favor(); }, "20,0", "", ""},
+    {"Tuner_PresetUp", [](ProtocolComm* l) { l->Tuner_PresetUp(); }, "21,0", "", ""},
+    {"Tuner_PresetDown", [](ProtocolComm* l) { l->Tuner_PresetDown(); }, "22,0", "", ""},
+    {"Tuner_Request_list", [](ProtocolComm* l) { l->Tuner_Request_list(); }, "255,0", "", ""},
+    {"SendData of nothing", [](ProtocolComm* l) { l->SendData(data, 0), l->SendData(data, -8); }, "", "", ""},
+    {"SendData of three frames", [](ProtocolComm* l) { l->SendData(data, 24); }, "100,1 101,2 102,3", "", ""},
 };
 
 // No command sends this frame: it closes what a test sent before it.
@@ -88,11 +85,6 @@ std::vector<tag_RadioCmdFromMCU> received(const RadioModule& module)
     return std::vector<tag_RadioCmdFromMCU>(list.begin(), list.end());
 }
 
-QString newMsg(uint32_t cmd)
-{
-    return QStringLiteral("New msg:0x%1 ").arg(cmd, 0, 16);
-}
-
 } // namespace
 
 class tst_ProtocolComm : public QObject
@@ -106,15 +98,10 @@ private slots:
     void start();
     void command_data();
     void command();
-    void sendData_data();
-    void sendData();
     void handOver_data();
     void handOver();
-    void recordsAcrossReads_data();
-    void recordsAcrossReads();
     void reconnect_data();
     void reconnect();
-    void stopAndStartAgain();
     void controllersComeAndGoWhileStreaming();
 
 private:
@@ -170,40 +157,46 @@ std::vector<RadioCmdToMCU> tst_ProtocolComm::sentFrames(ProtocolComm* link)
 void tst_ProtocolComm::start_data()
 {
     QTest::addColumn<bool>("serviceUp");
-    QTest::addColumn<int>("starts");
+    QTest::addColumn<QString>("calls");
     QTest::addColumn<QStringList>("log");
+    QTest::addColumn<int>("connections");
 
     const QString size = QStringLiteral("Radio socket struct size: 110");
-    QTest::newRow("service listening") << true << 1 << QStringList{size};
-    QTest::newRow("service absent") << false << 1
-                                    << QStringList{size, QStringLiteral("=====>>>Radio ProtocolComm Start Error!")};
-    QTest::newRow("second start keeps the one connection") << true << 2 << QStringList{size};
+    QTest::newRow("service listening") << true << "start" << QStringList{size} << 1;
+    QTest::newRow("service absent") << false << "start"
+                                    << QStringList{size, QStringLiteral("=====>>>Radio ProtocolComm Start Error!")} << 0;
+    QTest::newRow("a second start keeps the connection") << true << "start start" << QStringList{size} << 1;
+    QTest::newRow("stop, then start again") << true << "start stop start"
+                                            << QStringList{size, QStringLiteral("Radio ProtocolComm Stop"), size} << 2;
 }
 
-// The service sees one connection from "/tmp/_tnlk", whatever the number
-// of starts.
+// The service sees the link's connections come from "/tmp/_tnlk".
 void tst_ProtocolComm::start()
 {
     QFETCH(bool, serviceUp);
-    QFETCH(int, starts);
+    QFETCH(QString, calls);
     QFETCH(QStringList, log);
+    QFETCH(int, connections);
 
     if (serviceUp)
         QVERIFY(m_service->start());
     ProtocolComm* link = ProtocolComm::GetInstance();
-    {
-        OutputCapture out;
-        link->Start();
-        QCOMPARE(out.lines(), log);
+    OutputCapture out;
+    for (const QString& call : calls.split(QLatin1Char(' '))) {
+        if (call == QLatin1String("stop")) {
+            link->Stop();
+            QCOMPARE(link->getRun_Flag(), 0);
+        } else {
+            link->Start();
+            QCOMPARE(link->getRun_Flag(), 1);
+        }
     }
-    for (int i = 1; i < starts; ++i)
-        link->Start();
-    QCOMPARE(link->getRun_Flag(), 1);
+    QCOMPARE(out.lines(), log);
     if (!serviceUp)
         return;
-    QVERIFY(m_service->waitForClient());
+    QVERIFY(m_service->waitForClient(connections - 1));
     QCOMPARE(sentFrames(link).size(), size_t(0));
-    QCOMPARE(m_service->acceptedCount(), 1);
+    QCOMPARE(m_service->acceptedCount(), connections);
     QCOMPARE(QString::fromStdString(m_service->peerPath()), QStringLiteral("/tmp/_tnlk"));
 }
 
@@ -227,10 +220,10 @@ void tst_ProtocolComm::command()
         c.send(link);
         QCOMPARE(out.lines(), lines(c.connectedLog));
     }
-    const std::vector<RadioCmdToMCU> frames = sentFrames(link);
-    QCOMPARE(frames.size(), size_t(1));
-    QCOMPARE(frames[0].code, c.code);
-    QCOMPARE(frames[0].param, c.param);
+    QStringList frames;
+    for (const RadioCmdToMCU& f : sentFrames(link))
+        frames << QStringLiteral("%1,%2").arg(f.code).arg(f.param);
+    QCOMPARE(frames.join(QLatin1Char(' ')), QLatin1String(c.frames));
 
     m_service->stop();
     OutputCapture out;
@@ -238,44 +231,27 @@ void tst_ProtocolComm::command()
     QCOMPARE(out.lines(), lines(c.failedLog));
 }
 
-void tst_ProtocolComm::sendData_data()
-{
-    QTest::addColumn<int>("len");
-    QTest::addColumn<int>("frames");
-    QTest::newRow("zero length") << 0 << 0;
-    QTest::newRow("negative length") << -8 << 0;
-    QTest::newRow("three frames in one call") << 24 << 3;
-}
-
-void tst_ProtocolComm::sendData()
-{
-    QFETCH(int, len);
-    QFETCH(int, frames);
-
-    ProtocolComm* link = startLink(true);
-    QVERIFY(link);
-    RadioCmdToMCU data[3] = {{100, 1}, {101, 2}, {102, 3}};
-    QCOMPARE(link->SendData(data, len), 0);
-    const std::vector<RadioCmdToMCU> got = sentFrames(link);
-    QCOMPARE(int(got.size()), frames);
-    for (int i = 0; i < frames; ++i)
-        QVERIFY(got[size_t(i)].code == data[i].code && got[size_t(i)].param == data[i].param);
-}
-
 void tst_ProtocolComm::handOver_data()
 {
     QTest::addColumn<bool>("controller");
     QTest::addColumn<bool>("module");
-    QTest::newRow("controller first") << true << true;
-    QTest::newRow("host module without controller") << false << true;
-    QTest::newRow("neither: logged and dropped") << false << false;
+    QTest::addColumn<QList<int>>("pieces");
+    const QList<int> whole{584, 584, 584, 584, 584};
+    QTest::newRow("controller first") << true << true << whole;
+    QTest::newRow("host module without controller") << false << true << whole;
+    QTest::newRow("neither: logged and dropped") << false << false << whole;
+    QTest::newRow("five records in one write") << true << false << QList<int>{2920};
+    QTest::newRow("one byte, then the rest") << true << false << QList<int>{1, 583, 2336};
+    QTest::newRow("pieces across record ends") << true << false << QList<int>{300, 584, 868, 1168};
 }
 
-// Every kind, known or not, is logged and handed on unchanged.
+// Every kind, known or not, is logged and handed on unchanged, and only as
+// a whole record however its bytes arrive.
 void tst_ProtocolComm::handOver()
 {
     QFETCH(bool, controller);
     QFETCH(bool, module);
+    QFETCH(QList<int>, pieces);
 
     if (module) {
         m_module.reset(new RadioModule);
@@ -284,58 +260,32 @@ void tst_ProtocolComm::handOver()
     }
     if (controller)
         m_pTuner = m_controller.get();
-    ProtocolComm* link = startLink(true);
-    QVERIFY(link);
-
-    const std::vector<tag_RadioCmdFromMCU> sent{record(MCU_TUNE_INFO, 1), record(MCU_PRESET_FREQ, 2), record(1, 3),
-                                                record(37, 4), record(0xDEADBEEFu, 5)};
-    QStringList log;
-    OutputCapture out;
-    for (const tag_RadioCmdFromMCU& r : sent) {
-        QVERIFY(m_service->writeRecord(r));
-        log << newMsg(r.cmd);
-    }
-    QTRY_COMPARE(out.lines(), log);
-    std::vector<tag_RadioCmdFromMCU> got;
-    if (controller) {
-        QVERIFY(m_controller->waitFor(sent.size()));
-        got = m_controller->records();
-    } else if (module) {
-        QTRY_COMPARE(m_module->receivedCount(), int(sent.size()));
-        got = received(*m_module);
-    }
-    if (module)
-        QCOMPARE(m_module->receivedCount(), controller ? 0 : int(sent.size()));
-    QCOMPARE(got.size(), module || controller ? sent.size() : size_t(0));
-    for (size_t i = 0; i < got.size(); ++i)
-        QVERIFY(same(got[i], sent[i]));
-}
-
-void tst_ProtocolComm::recordsAcrossReads_data()
-{
-    QTest::addColumn<QList<int>>("pieces");
-    QTest::newRow("three records in one write") << QList<int>{1752};
-    QTest::newRow("one byte, then the rest") << QList<int>{1, 583, 1168};
-    QTest::newRow("pieces across record ends") << QList<int>{300, 584, 868};
-}
-
-// Only whole records are handed on, however the bytes arrive.
-void tst_ProtocolComm::recordsAcrossReads()
-{
-    QFETCH(QList<int>, pieces);
-
-    m_pTuner = m_controller.get();
     QVERIFY(startLink(true));
-    const tag_RadioCmdFromMCU sent[3] = {record(MCU_PS_NAME, 7), record(MCU_PTY, 8), record(MCU_SIGNAL, 9)};
+
+    const tag_RadioCmdFromMCU sent[5] = {record(MCU_TUNE_INFO, 1), record(MCU_PRESET_FREQ, 2), record(1, 3),
+                                         record(37, 4), record(0xDEADBEEFu, 5)};
+    OutputCapture out;
     const char* bytes = reinterpret_cast<const char*>(sent);
     for (int piece : pieces) {
         QVERIFY(m_service->write(bytes, size_t(piece)) && m_service->waitUntilConsumed());
         bytes += piece;
     }
-    QVERIFY(m_controller->waitFor(3));
-    const std::vector<tag_RadioCmdFromMCU> got = m_controller->records();
-    QCOMPARE(got.size(), size_t(3));
-    for (size_t i = 0; i < 3; ++i)
+    QStringList log;
+    for (const tag_RadioCmdFromMCU& r : sent)
+        log << QStringLiteral("New msg:0x%1 ").arg(r.cmd, 0, 16);
+    QTRY_COMPARE(out.lines(), log);
+    std::vector<tag_RadioCmdFromMCU> got;
+    if (controller) {
+        QVERIFY(m_controller->waitFor(5));
+        got = m_controller->records();
+    } else if (module) {
+        QTRY_COMPARE(m_module->receivedCount(), 5);
+        got = received(*m_module);
+    }
+    if (module)
+        QCOMPARE(m_module->receivedCount(), controller ? 0 : 5);
+    QCOMPARE(got.size(), module || controller ? size_t(5) : size_t(0));
+    for (size_t i = 0; i < got.size(); ++i)
         QVERIFY(same(got[i], sent[i]));
 }
 
@@ -389,26 +339,6 @@ void tst_ProtocolComm::reconnect()
     QCOMPARE(out.lines().filter(QStringLiteral("-radio socket read failed")), errors);
 }
 
-void tst_ProtocolComm::stopAndStartAgain()
-{
-    ProtocolComm* link = startLink(true);
-    QVERIFY(link);
-    {
-        OutputCapture out;
-        link->Stop();
-        QCOMPARE(out.lines(), QStringList{QStringLiteral("Radio ProtocolComm Stop")});
-    }
-    QCOMPARE(link->getRun_Flag(), 0);
-    QTRY_VERIFY(!m_service->hasClient());
-
-    link->Start();
-    QCOMPARE(link->getRun_Flag(), 1);
-    QVERIFY(m_service->waitForClient(1));
-    link->Tuner_StepDown();
-    const std::vector<RadioCmdToMCU> frames = sentFrames(link);
-    QVERIFY(frames.size() == 1 && frames[0].code == RC_STEP_DOWN);
-}
-
 // Controllers are set and cleared over and over while records stream in:
 // every record reaches exactly one receiver, unchanged and in order, and
 // none reaches a controller after it was cleared.
@@ -420,31 +350,27 @@ void tst_ProtocolComm::controllersComeAndGoWhileStreaming()
     QVERIFY(startLink(true));
 
     const uint32_t total = 3000;
-    std::atomic<bool> written{false};
     std::thread writer([&] {
         for (uint32_t i = 0; i < total; ++i) {
             tag_RadioCmdFromMCU r = record(MCU_SIGNAL, i);
             r.freq = i;
-            if (!m_service->writeRecord(r))
-                break;
+            m_service->writeRecord(r);
         }
-        written = true;
     });
     OutputCapture out;
     std::vector<std::vector<tag_RadioCmdFromMCU>> receivers;
-    size_t viaControllers = 0;
+    size_t handed = 0;
     QElapsedTimer elapsed;
     elapsed.start();
-    while ((!written || viaControllers + size_t(m_module->receivedCount()) < total) && elapsed.elapsed() < 30000) {
+    while (handed + size_t(m_module->receivedCount()) < total && elapsed.elapsed() < 20000) {
         RecordingController controller;
         m_pTuner = &controller;
         controller.waitFor(1, 20);
         m_pTuner = nullptr;
-        const size_t kept = controller.records().size();
-        std::this_thread::yield();
-        QCOMPARE(controller.records().size(), kept);
         receivers.push_back(controller.records());
-        viaControllers += kept;
+        std::this_thread::yield();
+        QCOMPARE(controller.records().size(), receivers.back().size());
+        handed += receivers.back().size();
     }
     writer.join();
     receivers.push_back(received(*m_module));
@@ -459,7 +385,7 @@ void tst_ProtocolComm::controllersComeAndGoWhileStreaming()
             ++seen[list[i].freq];
         }
     }
-    QVERIFY(std::all_of(seen.begin(), seen.end(), [](int n) { return n == 1; }));
+    QCOMPARE(std::count(seen.begin(), seen.end(), 1), long(total));
     QTRY_COMPARE(out.lines().size(), int(total));
 }
 
