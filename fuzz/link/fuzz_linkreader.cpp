@@ -60,9 +60,8 @@ bool runInput(FakeTunerService& service, const uint8_t* data, size_t size)
         stream.insert(stream.end(), next.begin(), next.end());
     }
     const size_t expected = stream.size() / kRecord;
-    receiver.waitFor(expected);
+    const std::vector<tag_RadioCmdFromMCU> got = receiver.waitFor(expected);
     m_pTuner = nullptr;
-    const std::vector<tag_RadioCmdFromMCU> got = receiver.records();
     if (got.size() != expected)
         return fail("the link handed on a different number of records");
     for (size_t i = 0; i < expected; ++i) {

@@ -8,7 +8,7 @@
 #include <mutex>
 #include <vector>
 
-// Stands in for the controller behind m_pTuner and keeps every record the
+// Stands in for the controller behind m_pTuner: keeps every record the
 // link's reader hands over.
 class RecordingController
 {
@@ -19,16 +19,12 @@ public:
         m_records.push_back(msg);
         m_arrived.notify_all();
     }
-    std::vector<tag_RadioCmdFromMCU> records() const
-    {
-        std::lock_guard<std::mutex> guard(m_lock);
-        return m_records;
-    }
-    bool waitFor(size_t count, int timeoutMs = 5000) const
+    // The records so far, once there are `count` of them or the time is up.
+    std::vector<tag_RadioCmdFromMCU> waitFor(size_t count, int timeoutMs = 5000) const
     {
         std::unique_lock<std::mutex> guard(m_lock);
-        return m_arrived.wait_for(guard, std::chrono::milliseconds(timeoutMs),
-                                  [&] { return m_records.size() >= count; });
+        m_arrived.wait_for(guard, std::chrono::milliseconds(timeoutMs), [&] { return m_records.size() >= count; });
+        return m_records;
     }
 
 private:
