@@ -3,7 +3,6 @@
 #include "RadioSetting.h"
 
 #include "MOnOffButton.h"
-#include "SetupStrIdConst.h"
 
 #include <QSignalSpy>
 
@@ -20,8 +19,6 @@ private slots:
     void switches();
     void backButton();
     void dxLocToggleNeedsItsLabel();
-    void storedRdsSwitches_data();
-    void storedRdsSwitches();
 
 private:
     MOnOffButton* switchNamed(const QString& name) const { return find<MOnOffButton>(m_page, name); }
@@ -106,31 +103,6 @@ void tst_RadioSetting::dxLocToggleNeedsItsLabel()
     m_page->LocStatusChangeSlot(QStringLiteral("loc"));
     QCOMPARE(spy.count(), 0);
     QVERIFY(!switchNamed(QStringLiteral("LocOnOff"))->onoffStatus());
-}
-
-void tst_RadioSetting::storedRdsSwitches_data()
-{
-    QTest::addColumn<QVariant>("storedAf");  // invalid: nothing stored
-    QTest::addColumn<QVariant>("storedTa");
-    QTest::addColumn<bool>("af");
-    QTest::addColumn<bool>("ta");
-    QTest::newRow("factory defaults") << QVariant() << QVariant() << true << false;
-    QTest::newRow("stored") << QVariant(false) << QVariant(true) << false << true;
-}
-
-void tst_RadioSetting::storedRdsSwitches()
-{
-    QFETCH(QVariant, storedAf);
-    QFETCH(QVariant, storedTa);
-    if (storedAf.isValid())
-        DataSaveControl::saveSettingData(SetupStrIdConst::setupAF, storedAf, QString());
-    if (storedTa.isValid())
-        DataSaveControl::saveSettingData(SetupStrIdConst::setupTA, storedTa, QString());
-    // The page starts as the layout has it, whatever is stored.
-    QVERIFY(!switchNamed(QStringLiteral("AFBtn"))->onoffStatus());
-    m_page->initRDSsetting();
-    QTEST(switchNamed(QStringLiteral("AFBtn"))->onoffStatus(), "af");
-    QTEST(switchNamed(QStringLiteral("TABtn"))->onoffStatus(), "ta");
 }
 
 QTEST_MAIN(tst_RadioSetting)
