@@ -34,12 +34,13 @@ Q_NEVER_INLINE void dirtyStack()
         c = 'X';
 }
 
-class PtyTranslator : public QTranslator
+// Marks each translated text with its context.
+class ContextTranslator : public QTranslator
 {
 public:
     QString translate(const char* context, const char* text, const char*, int) const override
     {
-        return qstrcmp(context, "QObject") == 0 && qstrcmp(text, "Alarm") == 0 ? QStringLiteral("Alarme") : QString();
+        return QString::fromLatin1(context) + QLatin1Char('|') + QString::fromLatin1(text);
     }
     bool isEmpty() const override { return false; }
 };
@@ -63,10 +64,8 @@ private slots:
     void screen();
     void presets_data();
     void presets();
-    void ptyTranslated();
     void background_data();
     void background();
-    void wallPaperChange();
     void temperature_data();
     void temperature();
 
@@ -78,6 +77,7 @@ private:
     QTemporaryDir m_dir;
     TunerView* m_view = nullptr;
     QList<QSignalSpy*> m_spies;
+    ContextTranslator m_translator;
 };
 
 void tst_TunerView::init()
@@ -88,6 +88,7 @@ void tst_TunerView::init()
 
 void tst_TunerView::cleanup()
 {
+    QCoreApplication::removeTranslator(&m_translator);
     qDeleteAll(m_spies);
     m_spies.clear();
     delete m_view;
@@ -163,6 +164,12 @@ void tst_TunerView::run(const QString& op, const QString& arg)
         QCoreApplication::sendEvent(m_view, &e);
     }
     else if (op == QLatin1String("platformappears")) PlatformControl::createInstance()->setHardMute(true);
+    else if (op == QLatin1String("wallpaper")) AppData::GetInstance()->setWallPaperPath(writeImage(m_dir, arg + QStringLiteral(".png"), QColor(arg)));
+    else if (op == QLatin1String("event")) {
+        QEvent e(arg == QLatin1String("wallpaper") ? static_cast<QEvent::Type>(WallPaperChange) : QEvent::User);
+        QCoreApplication::sendEvent(m_view, &e);
+    }
+    else if (op == QLatin1String("translated")) QCoreApplication::installTranslator(&m_translator);
     else if (op == QLatin1String("destroy")) { delete m_view; m_view = nullptr; }
     else QFAIL(qPrintable(QStringLiteral("unknown step ") + op));
 }
@@ -177,6 +184,8 @@ QString tst_TunerView::observe(const QString& what, const QString& attribute)
         return QString::number(AudioControl::getInstance()->isMute());
     if (what == QLatin1String("hardmute"))
         return QString::number(PlatformControl::getInstance()->isHardMute());
+    if (what == QLatin1String("homeBg"))
+        return BaseControl::getInstance()->getBackupPixmap(what)->toImage().pixelColor(1, 1).name();
     if (what == QLatin1String("timer"))
         return QString::number(ObjectTimers::isRunning(m_view, attribute.toInt()));
     if (what == QLatin1String("presets")) {
@@ -203,6 +212,8 @@ QString tst_TunerView::observe(const QString& what, const QString& attribute)
         return QString::number(w->isVisible());
     if (attribute == QLatin1String("colour"))
         return textColour(w).name();
+    if (attribute == QLatin1String("pixel"))
+        return pixelOf(qobject_cast<QLabel*>(w)).name();
     if (!attribute.isEmpty())
         return w->property(attribute.toLatin1()).toString();
     const QVariant text = w->property("displayText");
@@ -282,6 +293,7 @@ void tst_TunerView::screen_data()
             << QString() << QStringLiteral("pty:1 hide:PTYDisp pty:%1").arg(code)
             << QStringLiteral("PTYDisp=%1 PTYDisp.shown=1").arg(QString::fromLatin1(PtyNames[code]).replace(' ', "%20"));
     }
+    row("pty translated", "", "translated pty:31", "PTYDisp=QObject|Alarm");
     row("pty 32 changes nothing", "", "pty:1 hide:PTYDisp pty:32", "PTYDisp=News PTYDisp.shown=0");
     // Programme service name: eight bytes, filtered, not trimmed.
     row("ps", "", "hide:PSDisp psname:RADIO%201%20", "PSDisp=RADIO%201%20 PSDisp.shown=1");
@@ -325,6 +337,9 @@ void tst_TunerView::screen_data()
     row("released when destroyed early", "", "destroy", "hardmute=0");
     row("kept when destroyed under a user mute", "usermute", "destroy", "hardmute=1");
     row("no platform at start", "noplatform", "platformappears fire:2000", "hardmute=1");
+    // A wallpaper change replaces the background, not the host's cached copy.
+    row("other event keeps the background", "", "wallpaper:blue event:user", "bkg.pixel=#000080");
+    row("wallpaper change", "", "wallpaper:blue event:wallpaper", "bkg.pixel=#0000ff homeBg=#000080");
     // Settings page: toggled by the setup button, closed by the rest.
     row("page hidden at start", "", "show", "RadioSettingForm.visible=0");
     row("setup opens", "", "show click:setupBtn", "RadioSettingForm.visible=1");
@@ -411,15 +426,6 @@ void tst_TunerView::presets()
         QCOMPARE(button(m_view, QStringLiteral("PS%1").arg(i + 1))->displayText(), labels.at(i));
 }
 
-void tst_TunerView::ptyTranslated()
-{
-    PtyTranslator translator;
-    QVERIFY(QCoreApplication::installTranslator(&translator));
-    m_view->PTYDisp(31);
-    QCoreApplication::removeTranslator(&translator);
-    QCOMPARE(find<HvRollingText>(m_view, QStringLiteral("PTYDisp"))->text(), QStringLiteral("Alarme"));
-}
-
 void tst_TunerView::background_data()
 {
     QTest::addColumn<QString>("appPath");  // colour names of image files, empty for none
@@ -463,24 +469,6 @@ void tst_TunerView::background()
     QVERIFY(!image.isNull());
     const QColor expected = shown.isEmpty() ? image.pixelColor(image.width() / 2, image.height() / 2) : QColor(shown);
     QCOMPARE(pixelOf(label(m_view, "bkg")), expected);
-}
-
-void tst_TunerView::wallPaperChange()
-{
-    cleanup();
-    resetHost(m_dir);
-    AppData::GetInstance()->setWallPaperPath(writeImage(m_dir, QStringLiteral("red.png"), Qt::red));
-    m_view = ViewFixture::makeView();
-    AppData::GetInstance()->setWallPaperPath(writeImage(m_dir, QStringLiteral("blue.png"), Qt::blue));
-    QEvent other(QEvent::User);
-    QCoreApplication::sendEvent(m_view, &other);
-    QCOMPARE(pixelOf(label(m_view, "bkg")), QColor(Qt::red));
-    QEvent change(static_cast<QEvent::Type>(WallPaperChange));
-    QCoreApplication::sendEvent(m_view, &change);
-    QCOMPARE(pixelOf(label(m_view, "bkg")), QColor(Qt::blue));
-    const QSharedPointer<QPixmap> cached = BaseControl::getInstance()->getBackupPixmap(QStringLiteral("homeBg"));
-    QVERIFY(cached);
-    QCOMPARE(cached->toImage().pixelColor(1, 1), QColor(Qt::red));
 }
 
 void tst_TunerView::temperature_data()
