@@ -1,6 +1,7 @@
 #pragma once
-// What the layout suites share: tables of widgets (class, geometry, place in
-// the stacking order) and of their settings, read back from a built form.
+// What the layout suites share: one table per form of its widgets' class,
+// geometry, place in the stacking order and settings, read back from the
+// built form.
 #include <QCoreApplication>
 #include <QLabel>
 #include <QTest>
@@ -25,17 +26,12 @@ public:
     bool isEmpty() const override { return false; }
 };
 
-inline void addWidgetColumns()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("className");
-    QTest::addColumn<QRect>("geometry");
-    QTest::addColumn<int>("stack");  // 1 lowest
-}
-
+// A widget's class, geometry and place in the stacking order (1 lowest).
 inline void widget(const char* name, const char* className, int x, int y, int w, int h, int stack)
 {
-    QTest::newRow(name) << QString::fromLatin1(name) << QString::fromLatin1(className) << QRect(x, y, w, h) << stack;
+    QTest::addRow("%s place", name) << QString::fromLatin1(name)
+                                     << QStringLiteral("class=%1;geometry=%2,%3,%4,%5;stack=%6")
+                                            .arg(QLatin1String(className)).arg(x).arg(y).arg(w).arg(h).arg(stack);
 }
 
 // Expected settings of one widget as "attribute=value;...", or "absent".
@@ -60,6 +56,12 @@ inline QString observe(const QWidget* w, const QString& attribute)
         const QSize s = label->pixmap(Qt::ReturnByValue).size();
         return QStringLiteral("%1x%2").arg(s.width()).arg(s.height());
     }
+    if (attribute == QLatin1String("class"))
+        return QString::fromLatin1(w->metaObject()->className());
+    if (attribute == QLatin1String("geometry"))
+        return QStringLiteral("%1,%2,%3,%4").arg(w->x()).arg(w->y()).arg(w->width()).arg(w->height());
+    if (attribute == QLatin1String("stack"))
+        return QString::number(w->parentWidget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly).indexOf(const_cast<QWidget*>(w)) + 1);
     if (attribute == QLatin1String("size"))
         return QStringLiteral("%1x%2").arg(w->width()).arg(w->height());
     if (attribute == QLatin1String("font"))
@@ -74,19 +76,6 @@ inline QString observe(const QWidget* w, const QString& attribute)
     const QVariant v = w->property(attribute.toLatin1());
     return v.canConvert<QColor>() && v.userType() == QMetaType::QColor ? v.value<QColor>().name(QColor::HexArgb)
                                                                         : v.toString();
-}
-
-inline void checkWidget(QWidget* form)
-{
-    QFETCH(QString, name);
-    QFETCH(QString, className);
-    QFETCH(QRect, geometry);
-    QFETCH(int, stack);
-    auto* w = form->findChild<QWidget*>(name, Qt::FindDirectChildrenOnly);
-    QVERIFY2(w, qPrintable(name));
-    QCOMPARE(QString::fromLatin1(w->metaObject()->className()), className);
-    QCOMPARE(w->geometry(), geometry);
-    QCOMPARE(form->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly).indexOf(w) + 1, stack);
 }
 
 inline void checkSetting(QWidget* form)

@@ -8,8 +8,6 @@ class tst_RadioKeypadForm : public QObject
     Q_OBJECT
 
 private slots:
-    void widgets_data();
-    void widgets() { checkWidget(&m_built.form); }
     void settings_data();
     void settings() { checkSetting(&m_built.form); }
 
@@ -17,9 +15,9 @@ private:
     BuiltForm<Ui_RadioKeypad> m_built;
 };
 
-void tst_RadioKeypadForm::widgets_data()
+void tst_RadioKeypadForm::settings_data()
 {
-    addWidgetColumns();
+    addSettingColumns();
     widget("KeypadMask", "QLabel", 0, 0, 1280, 720, 1);
     widget("bkg", "QLabel", 305, 92, 691, 611, 2);
     widget("KeypadFreqDispTxt", "QLabel", 466, 110, 301, 85, 3);
@@ -33,11 +31,6 @@ void tst_RadioKeypadForm::widgets_data()
     widget("Keypad_OK", "HvIconButton", 350, 570, 185, 111, 15);
     widget("Keypad_Close", "HvIconButton", 740, 570, 185, 111, 16);
     widget("txtFAM", "QLabel", 340, 110, 121, 85, 17);
-}
-
-void tst_RadioKeypadForm::settings_data()
-{
-    addSettingColumns();
     const QString img = QStringLiteral(":/radioimages/keypad/");
     setting(QStringLiteral("RadioKeypad"), QStringLiteral("size=1280x720;windowTitle=RadioKeypad|Form"));
     for (int d = 0; d <= 9; ++d) {

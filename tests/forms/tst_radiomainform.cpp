@@ -8,8 +8,6 @@ class tst_RadioMainForm : public QObject
     Q_OBJECT
 
 private slots:
-    void widgets_data();
-    void widgets() { checkWidget(&m_built.form); }
     void settings_data();
     void settings() { checkSetting(&m_built.form); }
 
@@ -17,9 +15,9 @@ private:
     BuiltForm<Ui_RadioMain> m_built{QStringLiteral("TunerMainScreen")};
 };
 
-void tst_RadioMainForm::widgets_data()
+void tst_RadioMainForm::settings_data()
 {
-    addWidgetColumns();
+    addSettingColumns();
     widget("bkg", "QLabel", 0, 0, 1280, 720, 1);
     widget("fmambg", "HvBackgroundImage", 700, 605, 299, 69, 2);
     widget("SeekDown", "HvIconButton", 444, 306, 98, 84, 3);
@@ -55,11 +53,6 @@ void tst_RadioMainForm::widgets_data()
     widget("radioSlider", "MRadioSlider", 525, 150, 661, 91, 33);
     widget("StepDown", "HvIconButton", 452, 145, 59, 90, 34);
     widget("StepUp", "HvIconButton", 1204, 145, 59, 90, 35);
-}
-
-void tst_RadioMainForm::settings_data()
-{
-    addSettingColumns();
     const QString img = QStringLiteral(":/radioimages/");
     setting(QStringLiteral("TunerMainScreen"), QStringLiteral("size=1280x720;windowTitle=RadioMain|Form"));
     const QStringList presets = {"87.50 MHz", "90.10 MHz", "98.10 MHz", "106.10 MHz", "108.00 MHz", "87.50 MHz"};

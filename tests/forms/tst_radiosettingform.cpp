@@ -8,8 +8,6 @@ class tst_RadioSettingForm : public QObject
     Q_OBJECT
 
 private slots:
-    void widgets_data();
-    void widgets() { checkWidget(&m_built.form); }
     void settings_data();
     void settings() { checkSetting(&m_built.form); }
 
@@ -19,9 +17,9 @@ private:
 
 // The SCAN row lies below the 720-pixel page; the background overhangs
 // the page's left edge by 150 pixels.
-void tst_RadioSettingForm::widgets_data()
+void tst_RadioSettingForm::settings_data()
 {
-    addWidgetColumns();
+    addSettingColumns();
     widget("bkg", "QLabel", -150, 0, 606, 720, 1);
     widget("label_5", "QLabel", 30, 830, 546, 77, 2);
     widget("label_1", "QLabel", 30, 110, 400, 77, 3);
@@ -39,11 +37,6 @@ void tst_RadioSettingForm::widgets_data()
     widget("LocOnOff", "MOnOffButton", 310, 390, 104, 51, 15);
     widget("SCAN_label", "QLabel", 40, 830, 211, 77, 16);
     widget("ScanBtn", "MOnOffButton", 328, 840, 104, 51, 17);
-}
-
-void tst_RadioSettingForm::settings_data()
-{
-    addSettingColumns();
     setting(QStringLiteral("RadioSettingForm"), QStringLiteral("size=450x720;windowTitle=RadioSettingForm|Form"));
     setting(QStringLiteral("bkg"), QStringLiteral("pixmap=606x720;text="));
     for (int row = 1; row <= 5; ++row)

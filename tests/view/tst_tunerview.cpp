@@ -152,7 +152,8 @@ void tst_TunerView::run(const QString& op, const QString& arg)
     else if (op == QLatin1String("info")) m_view->InfoBtnClicked(QString());
     else if (op == QLatin1String("list")) m_view->PresetListBtnClicked(QString());
     else if (op == QLatin1String("scale")) m_view->ScaleBtnClicked(QString());
-    else if (op == QLatin1String("toggle")) emit find<MOnOffButton>(m_view, arg)->onoffStatusChanged(arg, true);
+    else if (op == QLatin1String("touch")) QTest::mouseClick(find(m_view, arg), Qt::LeftButton, {}, QPoint(20, 20));
+    else if (op == QLatin1String("locslot")) find<RadioSetting>(m_view, QStringLiteral("RadioSettingForm"))->LocStatusChangeSlot(arg);
     else if (op == QLatin1String("setting")) {
         m_view->AFStatusSetting(arg.contains(QLatin1Char('a')));
         m_view->TAStatusSetting(arg.contains(QLatin1Char('t')));
@@ -350,11 +351,12 @@ void tst_TunerView::screen_data()
     row("scale closes", "", "show click:setupBtn scale", "RadioSettingForm.visible=0");
     row("info while hidden", "", "show info", "RadioSettingForm.visible=0");
     // The page's switches are relayed and set through the view.
-    row("AF relayed", "", "toggle:AFBtn", "sigAFStatusChange=1:AFBtn,true");
-    row("TA relayed", "", "toggle:TABtn", "sigTAStatusChange=1:TABtn,true");
-    row("REG relayed", "", "toggle:RegBtn", "sigRegStatusChange=1:RegBtn,true");
-    row("scan relayed", "", "toggle:ScanBtn", "sigScanStatusChange=1:ScanBtn,true");
-    row("LOC relayed", "", "toggle:LocOnOff", "sigLocStatusChange=1:LocOnOff,true");
+    row("AF touched", "", "show click:setupBtn touch:AFBtn", "sigAFStatusChange=1:AFBtn,true AFBtn.onoffStatus=true");
+    row("TA touched", "", "show click:setupBtn touch:TABtn", "sigTAStatusChange=1:TABtn,true");
+    row("REG touched", "", "show click:setupBtn touch:RegBtn", "sigRegStatusChange=1:RegBtn,true");
+    row("scan touched below the page", "", "show click:setupBtn touch:ScanBtn", "sigScanStatusChange=1:ScanBtn,true");
+    row("LOC touched", "", "show click:setupBtn touch:LocOnOff touch:LocOnOff", "sigLocStatusChange=2:LocOnOff,false");
+    row("DX/LOC toggle needs its label", "", "locslot:x locslot:x", "sigLocStatusChange=0: LocOnOff.onoffStatus=false");
     row("settings on", "", "setting:atrs",
         "AFBtn.onoffStatus=true TABtn.onoffStatus=true RegBtn.onoffStatus=true ScanBtn.onoffStatus=true");
     row("settings off", "", "setting:atrs setting:",
