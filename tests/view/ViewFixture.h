@@ -1,5 +1,5 @@
 #pragma once
-// What the view suites share: fresh host services for every test, the
+// What the view area shares: fresh host services for every test, the
 // main view as the controller sets it up, and look-ups by object name.
 #include "TunerView.h"
 

@@ -5,7 +5,6 @@
 
 #include "HostEvents.h"
 #include "HvRollingText.h"
-#include "MOnOffButton.h"
 #include "MRadioSlider.h"
 #include "SetupStrIdConst.h"
 
