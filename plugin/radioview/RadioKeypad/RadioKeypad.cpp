@@ -17,6 +17,7 @@ namespace {
 constexpr int AllDigitsMask = 0x3FF;
 // Digit 0 is the only one left: a complete entry unless the grid needs it.
 constexpr int OnlyZeroMask = 0x3FE;
+constexpr int AutoHideMs = 15000;
 
 // Mask that leaves digits from..to enabled, and digit 1 too when asked.
 int rangeMask(int from, int to, bool alsoOne)
@@ -308,26 +309,6 @@ void RadioKeypad::enterPressed()
     RadioKeypadPressed(QStringLiteral("FreqOK"));
 }
 
-int RadioKeypad::autoHideInterval() const
-{
-    return m_nAutoHideInterval;
-}
-
-void RadioKeypad::setAutoHideInterval(int ms)
-{
-    if (ms < 1) {
-        qWarning() << "RadioKeypad: auto-hide interval must be positive, keeping" << m_nAutoHideInterval
-                   << "instead of" << ms;
-        return;
-    }
-    m_nAutoHideInterval = ms;
-}
-
-bool RadioKeypad::autoHideActive() const
-{
-    return m_nAutoHideTimerId != 0;
-}
-
 void RadioKeypad::RadioCloseKeypad()
 {
     m_strFreqDigits.clear();
@@ -452,7 +433,7 @@ void RadioKeypad::loadWallPaper()
 void RadioKeypad::startAutoHideTimer()
 {
     killAutoHideTimer();
-    m_nAutoHideTimerId = startTimer(m_nAutoHideInterval, Qt::CoarseTimer);
+    m_nAutoHideTimerId = startTimer(AutoHideMs, Qt::CoarseTimer);
 }
 
 void RadioKeypad::killAutoHideTimer()

@@ -13,17 +13,14 @@ class Ui_RadioKeypad;
 // only the digit keys that can still lead to a frequency on the channel grid
 // of the current band and region stay enabled; FM entries get their decimal
 // point inserted automatically. OK emits the frequency (FM in 10 kHz units,
-// AM in kHz) and closes the pad. The pad closes by itself autoHideInterval
-// ms after it was shown; a press on its background stops that timer and the
-// release starts it again.
+// AM in kHz) and closes the pad. The pad closes by itself 15 s after it was
+// shown; a press on its background stops that timer and the release starts
+// it again.
 class RadioKeypad : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(int autoHideInterval READ autoHideInterval WRITE setAutoHideInterval)
 
 public:
-    static constexpr int DefaultAutoHideInterval = 15000;
-
     explicit RadioKeypad(QWidget* parent = nullptr);
     ~RadioKeypad() override;
 
@@ -39,13 +36,6 @@ public:
     void EnableAllKeypadNums();
     // The pad shows no preset list; kept for the controller's preset keys.
     void ChangePresetList(unsigned char);
-
-    // Applies from the next start of the auto-hide timer; values below 1 ms
-    // are refused with a log line.
-    int autoHideInterval() const;
-    void setAutoHideInterval(int ms);
-    // True while the auto-hide timer runs.
-    bool autoHideActive() const;
 
 signals:
     void FreqInputOK(unsigned short usFreq);
@@ -87,7 +77,6 @@ private:
     int m_nNextMin = 0;
     int m_nRegion;
     int m_nAutoHideTimerId = 0;
-    int m_nAutoHideInterval = DefaultAutoHideInterval;
 };
 
 #endif
