@@ -1,8 +1,8 @@
 // Stand-in for libFuzzer's driver where the compiler has none: runs the
-// files named on the command line, or else random inputs from a seeded
-// generator, short ones mostly and up to 4 KiB every tenth.
+// file given, or else random inputs from a seeded generator, short ones
+// mostly and up to 4 KiB every tenth.
 //
-//   fuzz_target [--runs N] [--seed S] [FILE ...]
+//   fuzz_target [--runs N] [--seed S] [FILE]
 
 #include <cstdint>
 #include <cstdio>
@@ -10,7 +10,6 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
-#include <string>
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
@@ -19,25 +18,18 @@ int main(int argc, char* argv[])
 {
     long runs = 1000;
     uint64_t state = 1;
-    int files = 0;
-    for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--runs") == 0 && i + 1 < argc) {
-            runs = std::strtol(argv[++i], nullptr, 10);
-        } else if (std::strcmp(argv[i], "--seed") == 0 && i + 1 < argc) {
-            state = std::strtoull(argv[++i], nullptr, 10);
-        } else {
-            std::ifstream in(argv[i], std::ios::binary);
-            if (!in) {
-                std::fprintf(stderr, "usage: %s [--runs N] [--seed S] [FILE ...]; cannot read %s\n", argv[0], argv[i]);
-                return 2;
-            }
-            const std::vector<uint8_t> data{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-            LLVMFuzzerTestOneInput(data.data(), data.size());
-            ++files;
-        }
+    for (int i = 1; i + 1 < argc && argv[i][0] == '-'; i += 2) {
+        if (std::strcmp(argv[i], "--runs") == 0)
+            runs = std::strtol(argv[i + 1], nullptr, 10);
+        else
+            state = std::strtoull(argv[i + 1], nullptr, 10);
     }
-    if (files > 0)
-        return 0;
+    std::vector<uint8_t> data;
+    if (argc % 2 == 0) {
+        std::ifstream in(argv[argc - 1], std::ios::binary);
+        data.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+        return in ? LLVMFuzzerTestOneInput(data.data(), data.size()) : 2;
+    }
     // splitmix64: the same inputs on every platform.
     const auto next = [&state] {
         uint64_t z = (state += 0x9E3779B97F4A7C15ull);
@@ -45,7 +37,6 @@ int main(int argc, char* argv[])
         z = (z ^ (z >> 27)) * 0x94D049BB133111EBull;
         return z ^ (z >> 31);
     };
-    std::vector<uint8_t> data;
     for (long run = 0; run < runs; ++run) {
         data.resize(next() % ((run % 10 == 0 ? 4096 : 256) + 1));
         for (uint8_t& b : data)
