@@ -38,7 +38,7 @@ void TestDemoTour::everyStepWorksAndLeavesAScreenshot()
     QVERIFY(QImage(tour.filePath(shots.first())) != QImage(tour.filePath(shots.last())));
     for (const QString& frame : {"<- RC_SEEK_UP", "<- RC_SEEK_DOWN", "<- RC_PRESET(0) param=2", "<- RC_PRESET_LONG(1) param=5",
                                  "<- RC_SET_FREQ(17) param=10110", "<- RC_AF(", "<- RC_BAND("})
-        QVERIFY2(sim.count(frame) >= 1, qPrintable(frame));
+        QVERIFY2(sim.count(frame) > 0, qPrintable(frame));
 }
 
 QTEST_MAIN(TestDemoTour)

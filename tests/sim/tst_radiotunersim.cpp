@@ -55,10 +55,6 @@ void TestRadioTunerSim::initTestCase()
     QVERIFY(csv.open(QIODevice::WriteOnly));
     csv.write("88.0,ALPHA,10,0,Iltap\\x91iv\\x91 jazz,150\n123.4,NOWHERE,0,0,,100\n95.0,CHARLIE,3,1,,200\n603,,0,0,,150\n");
     csv.close();
-    QFile header(m_dir.filePath("header.csv"));
-    QVERIFY(header.open(QIODevice::WriteOnly));
-    header.write("signal,radio_text,freq_mhz,ps,pty\n150,Just jazz<0D>cut,89.50,JAZZ,24\n");
-    header.close();
     QVERIFY(m_sim.start({"--name", m_name, "--lineup", csv.fileName(), "--time-scale", "100"}));
     QVERIFY(!m_sim.lines.filter("line 2: 123.40 MHz").isEmpty());
 }
@@ -165,7 +161,6 @@ void TestRadioTunerSim::startsAsConfigured_data()
     const QString rds = qEnvironmentVariable("RADIO_SHARED_DATA") + "/rds/walczakp-rds-spy-logs/";
     QTest::newRow("line-up file") << QStringList{"--lineup", m_dir.filePath("lineup.csv")} << 0u
                                   << QString::fromUtf8("8800 ALPHA   |10|Iltapäivä jazz");
-    QTest::newRow("columns by header") << QStringList{"--lineup", m_dir.filePath("header.csv")} << 0u << "8950 JAZZ    |24|Just jazz";
     QTest::newRow("region 9") << QStringList{"--region", "9"} << 7001u << "7001 ";
     QTest::newRow("spy log") << QStringList{"--rds", "93.4=" + rds + "Czech_Republic/2205_-_2020-08-21_17-36-12.spy"} << 9340u
                              << "9340 RADIO F1|10|KRYSTOF - Zustan tu se mnou (Za sny)";
