@@ -1,11 +1,7 @@
 // Arbitrary bytes as an RDS log and as RDS groups: the log reader and the
-// decoder must take anything and keep their results within bounds.
-
+// decoder take anything and keep their results within bounds.
 #include "RdsDecoder.h"
 #include "RdsLog.h"
-
-#include <QByteArray>
-#include <QString>
 
 #include <cstdio>
 #include <cstdlib>
@@ -20,12 +16,12 @@ void check(bool ok, const char* what)
     }
 }
 
-void checkDecoder(const RdsDecoder& decoder)
+void feed(RdsDecoder& decoder, const RdsGroup& group)
 {
+    decoder.feed(group);
     check(decoder.ps().isEmpty() || decoder.ps().size() == 8, "PS empty or 8 codes");
     check(decoder.pty() >= -1 && decoder.pty() <= 31, "PTY -1..31");
-    // 64 codes convert to at most 64 three-byte characters.
-    check(decoder.radioText().size() <= 64 * 3, "radio text length");
+    check(decoder.radioText().size() <= 64 * 3, "radio text of 64 characters at most");
     check(QString::fromUtf8(decoder.radioText()).toUtf8() == decoder.radioText(), "radio text is UTF-8");
 }
 
@@ -33,19 +29,13 @@ void checkDecoder(const RdsDecoder& decoder)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    const QByteArray bytes(reinterpret_cast<const char*>(data), int(size));
-
-    // As text.
     RdsLog log;
-    log.parse(bytes);
+    log.parse(QByteArray(reinterpret_cast<const char*>(data), int(size)));
     RdsDecoder decoder;
-    for (const RdsGroup& g : log.groups()) {
-        decoder.feed(g);
-        checkDecoder(decoder);
-    }
-
-    // As groups: 9 bytes each, four blocks and a validity mask. Also
-    // written out as log lines, so the reader sees well-formed text too.
+    for (const RdsGroup& g : log.groups())
+        feed(decoder, g);
+    // As groups of 9 bytes (four blocks, a validity mask), also written out
+    // as log lines, which the reader must take whole.
     RdsDecoder direct;
     QByteArray text = "% Freq 94000\n";
     for (size_t at = 0; at + 9 <= size; at += 9) {
@@ -53,15 +43,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         for (int i = 0; i < 4; ++i)
             g.block[i] = uint16_t(data[at + 2 * i] << 8 | data[at + 2 * i + 1]);
         g.valid = data[at + 8] & 0x0F;
-        direct.feed(g);
-        checkDecoder(direct);
+        feed(direct, g);
         for (int i = 0; i < 4; ++i)
             text += g.has(i) ? QByteArray::number(g.block[i], 16).rightJustified(4, '0') + ' ' : QByteArray("---- ");
         text += "@0000\n";
     }
     RdsLog written;
     written.parse(text);
-    check(written.rejectedLines() == 0, "well-formed lines accepted");
-    check(written.groups().size() == int(size / 9), "one group per line");
+    check(written.rejectedLines() == 0 && written.groups().size() == int(size / 9), "one group per well-formed line");
     return 0;
 }

@@ -1,154 +1,97 @@
 #include "HeadUnitProcess.h"
 
-#include "ConditionWait.h"
-
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QTest>
 
 #include <csignal>
 
 namespace {
 
-constexpr int StartTimeoutMs = 15000;
-constexpr int StopTimeoutMs = 10000;
-
-void collect(const QJsonObject& node, const QString& name, QList<QJsonObject>* found)
+QJsonObject findNode(const QJsonObject& node, const QString& name)
 {
-    if (node.value(QStringLiteral("objectName")).toString() == name)
-        found->append(node);
-    for (const QJsonValue& child : node.value(QStringLiteral("children")).toArray())
-        collect(child.toObject(), name, found);
+    QJsonObject hidden;
+    if (node.value("objectName").toString() == name) {
+        if (node.value("visible").toBool())
+            return node;
+        hidden = node;
+    }
+    for (const QJsonValue& child : node.value("children").toArray()) {
+        const QJsonObject found = findNode(child.toObject(), name);
+        if (found.value("visible").toBool())
+            return found;
+        if (hidden.isEmpty())
+            hidden = found;
+    }
+    return hidden;
 }
 
 } // namespace
 
-HeadUnitProcess::HeadUnitProcess()
+bool HeadUnitProcess::start(const QStringList& args)
 {
-    QObject::connect(&m_process, &QProcess::readyReadStandardOutput, [this]() { readOutput(); });
-    QObject::connect(&m_process, &QProcess::readyReadStandardError,
-                     [this]() { m_stderr += m_process.readAllStandardError(); });
-}
-
-HeadUnitProcess::~HeadUnitProcess()
-{
-    if (m_process.state() != QProcess::NotRunning)
-        stop();
-}
-
-QString HeadUnitProcess::dumpFile() const
-{
-    return m_dir.filePath(QStringLiteral("dump.json"));
-}
-
-bool HeadUnitProcess::start(const QString& program, const QStringList& extraArgs)
-{
-    const QStringList args = QStringList{QStringLiteral("--dump"), dumpFile(), QStringLiteral("--control-stdin"),
-                                         QStringLiteral("--settings"), m_dir.filePath(QStringLiteral("settings.ini"))}
-        + extraArgs;
-    m_process.start(program, args);
-    if (!m_process.waitForStarted(StartTimeoutMs))
-        return false;
-    // The shell reads its control channel once the screen is up: the first
-    // answer says it is ready.
-    return !command(QStringLiteral("dump"), StartTimeoutMs).isEmpty();
+    QObject::connect(&process, &QProcess::readyReadStandardError, [this] { errors += process.readAllStandardError(); });
+    QObject::connect(&process, &QProcess::readyReadStandardOutput, [this] {
+        m_partial += process.readAllStandardOutput();
+        int nl;
+        while ((nl = m_partial.indexOf('\n')) >= 0) {
+            if (m_partial.startsWith("control: "))
+                m_answers << QString::fromUtf8(m_partial.mid(9, nl - 9));
+            m_partial.remove(0, nl + 1);
+        }
+    });
+    process.start(HEADUNIT_BIN, QStringList{"--dump", dir.filePath("dump.json"), "--control-stdin", "--settings",
+                                            dir.filePath("settings.ini")} + args);
+    return process.waitForStarted(15000) && !command("dump").isEmpty();
 }
 
 int HeadUnitProcess::stop()
 {
-    if (m_process.state() == QProcess::NotRunning)
-        return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
-    m_process.write("quit\n");
-    m_process.closeWriteChannel();
-    if (!m_process.waitForFinished(StopTimeoutMs)) {
-        m_process.kill();
-        m_process.waitForFinished(StopTimeoutMs);
-        return -1;
+    if (process.state() == QProcess::Running) {
+        process.write("quit\n");
+        process.closeWriteChannel();
+        if (!process.waitForFinished(10000))
+            process.kill();
+        process.waitForFinished(10000);
     }
-    return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
-}
-
-void HeadUnitProcess::readOutput()
-{
-    m_stdoutBuffer += m_process.readAllStandardOutput();
-    int newline;
-    while ((newline = m_stdoutBuffer.indexOf('\n')) >= 0) {
-        const QByteArray line = m_stdoutBuffer.left(newline);
-        m_stdoutBuffer.remove(0, newline + 1);
-        if (line.startsWith("control: "))
-            m_answers.append(QString::fromUtf8(line.mid(9)));
-    }
-}
-
-QString HeadUnitProcess::standardError()
-{
-    m_stderr += m_process.readAllStandardError();
-    return QString::fromUtf8(m_stderr);
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
 }
 
 QString HeadUnitProcess::command(const QString& line, int timeoutMs)
 {
-    if (m_process.state() != QProcess::Running)
-        return QString();
     const int before = m_answers.size();
-    m_process.write(line.toUtf8() + '\n');
-    if (!ConditionWait::until([&]() { return m_answers.size() > before || m_process.state() != QProcess::Running; },
-                              timeoutMs))
-        return QString();
+    process.write(line.toUtf8() + '\n');
+    QTest::qWaitFor([&] { return m_answers.size() > before || process.state() != QProcess::Running; }, timeoutMs);
     return m_answers.value(before);
 }
 
-QJsonObject HeadUnitProcess::snapshot(int timeoutMs)
+QJsonObject HeadUnitProcess::snapshot()
 {
-    if (m_process.state() != QProcess::Running)
-        return QJsonObject();
-    // "dump" commands write the same file: the next snapshot is the one
-    // after whatever the file holds now.
-    {
-        QFile current(dumpFile());
-        if (current.open(QIODevice::ReadOnly)) {
-            const int sequence =
-                QJsonDocument::fromJson(current.readAll()).object().value(QStringLiteral("sequence")).toInt();
-            m_lastSequence = qMax(m_lastSequence, sequence);
-        }
-    }
-    ::kill(pid_t(m_process.processId()), SIGUSR1);
     QJsonObject latest;
-    const bool fresh = ConditionWait::until(
-        [&]() {
-            QFile file(dumpFile());
-            if (!file.open(QIODevice::ReadOnly))
-                return false;
-            const QJsonObject doc = QJsonDocument::fromJson(file.readAll()).object();
-            if (doc.value(QStringLiteral("sequence")).toInt() <= m_lastSequence)
-                return false;
-            latest = doc;
-            return true;
-        },
-        timeoutMs, 10);
-    if (!fresh)
+    const auto read = [&] {
+        QFile file(dir.filePath("dump.json"));
+        latest = file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+        return latest.value("sequence").toInt() > m_sequence;
+    };
+    read();
+    m_sequence = qMax(m_sequence, latest.value("sequence").toInt());
+    ::kill(pid_t(process.processId()), SIGUSR1);
+    if (!QTest::qWaitFor(read, 5000))
         return QJsonObject();
-    m_lastSequence = latest.value(QStringLiteral("sequence")).toInt();
+    m_sequence = latest.value("sequence").toInt();
     return latest;
 }
 
-QJsonObject HeadUnitProcess::findNode(const QJsonObject& snapshot, const QString& name)
+QString HeadUnitProcess::value(const QJsonObject& snapshot, const QString& path)
 {
-    QList<QJsonObject> found;
-    collect(snapshot.value(QStringLiteral("window")).toObject(), name, &found);
-    for (const QJsonObject& node : found) {
-        if (node.value(QStringLiteral("visible")).toBool())
-            return node;
-    }
-    return found.value(0);
-}
-
-QJsonObject HeadUnitProcess::state(const QJsonObject& snapshot, const QString& name)
-{
-    return findNode(snapshot, name).value(QStringLiteral("state")).toObject();
-}
-
-bool HeadUnitProcess::isVisible(const QJsonObject& snapshot, const QString& name)
-{
-    return findNode(snapshot, name).value(QStringLiteral("visible")).toBool();
+    QJsonValue v = path.contains('/') ? findNode(snapshot.value("window").toObject(), path.section('/', 0, 0))
+                                      : QJsonValue(snapshot);
+    for (const QString& key : path.section('/', -1).split('.', Qt::SkipEmptyParts))
+        v = v.toObject().value(key);
+    if (v.isObject())
+        return QString::fromUtf8(QJsonDocument(v.toObject()).toJson(QJsonDocument::Compact));
+    if (v.isArray())
+        return QString::fromUtf8(QJsonDocument(v.toArray()).toJson(QJsonDocument::Compact));
+    return v.toVariant().toString();
 }

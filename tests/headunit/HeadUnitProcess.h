@@ -3,54 +3,39 @@
 
 #include <QJsonObject>
 #include <QProcess>
-#include <QString>
-#include <QStringList>
 #include <QTemporaryDir>
 
-// radio-headunit as a child process, observed the way a tester would:
-// widget-tree snapshots on SIGUSR1 (--dump) and the test-control channel
-// on its standard input (--control-stdin). Waits are bounded event-loop
-// waits.
+// radio-headunit as a child process, seen as a tester sees it: snapshots
+// of the widget tree on SIGUSR1 (--dump) and commands on its control
+// channel (--control-stdin), each waited for with the event loop running.
 class HeadUnitProcess
 {
 public:
-    HeadUnitProcess();
-    ~HeadUnitProcess();
+    ~HeadUnitProcess() { stop(); }
 
-    // Starts the shell with --dump, --control-stdin and a settings file of
-    // its own, plus extraArgs. False when it did not start.
-    bool start(const QString& program, const QStringList& extraArgs);
-    // Closes the control channel with "quit" and waits for the exit;
-    // kills the process when it does not exit in time. Returns the exit code
-    // (-1 after a crash or kill).
+    // Starts the shell with a settings file of its own and waits for its
+    // first answer, which comes once the screen is up.
+    bool start(const QStringList& args);
+    // "quit", then the exit code; -1 after a crash or a kill.
     int stop();
-
-    // Sends one command; returns its "control: ..." answer without the
-    // prefix, or an empty string when none came within timeoutMs.
+    // The answer to one command without "control: ", "" when none came.
     QString command(const QString& line, int timeoutMs = 15000);
-    // A fresh snapshot: SIGUSR1, then the file's next sequence number.
-    // Empty when none came within timeoutMs.
-    QJsonObject snapshot(int timeoutMs = 5000);
+    // A snapshot taken after the call; empty when none came.
+    QJsonObject snapshot();
 
-    QProcess& process() { return m_process; }
-    QString dumpFile() const;
-    QString standardError();
+    // The value at a dotted path ("host.region"; "SeekUp/state.text" for
+    // the first visible widget named SeekUp) as text: objects and arrays
+    // as compact JSON.
+    static QString value(const QJsonObject& snapshot, const QString& path);
 
-    // The node of the widget named `name` in a snapshot: the first visible
-    // one, else the first one; empty when there is none.
-    static QJsonObject findNode(const QJsonObject& snapshot, const QString& name);
-    static QJsonObject state(const QJsonObject& snapshot, const QString& name);
-    static bool isVisible(const QJsonObject& snapshot, const QString& name);
+    QProcess process;
+    QTemporaryDir dir;
+    QByteArray errors;
 
 private:
-    void readOutput();
-
-    QTemporaryDir m_dir;
-    QProcess m_process;
-    QByteArray m_stdoutBuffer;
     QStringList m_answers;
-    QByteArray m_stderr;
-    int m_lastSequence = 0;
+    QByteArray m_partial;
+    int m_sequence = 0;
 };
 
 #endif

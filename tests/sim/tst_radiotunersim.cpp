@@ -1,77 +1,32 @@
+// radio-tunersim as an integrator runs it: options and exit codes; on the
+// socket the whole state on connect and on a list request, afterwards only
+// what changed, however the frames are cut; the trace; line-ups, regions
+// and replayed RDS logs.
 #include "RadioCmdToMCU.h"
 #include "SimClient.h"
+#include "TunerSimProcess.h"
 
-#include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <memory>
 #include <unistd.h>
 
 namespace {
 
-QString uniqueName(const char* what)
+const QList<uint32_t> kWholeState = {MCU_TUNE_INFO, MCU_PRESET_FREQ, MCU_PRESET_PS, MCU_PTY, MCU_PS_NAME,
+                                     MCU_RADIO_TEXT, MCU_RDS_FLAGS, MCU_SIGNAL, MCU_FAVOURITE};
+const QList<uint32_t> kNewFrequency = {MCU_TUNE_INFO, MCU_PTY, MCU_PS_NAME, MCU_SIGNAL};
+
+QByteArray frame(uint32_t code, uint32_t param = 0)
+{
+    const RadioCmdToMCU f{code, param};
+    return QByteArray(reinterpret_cast<const char*>(&f), sizeof f);
+}
+
+QString uniqueName()
 {
     static int counter = 0;
-    return QStringLiteral("kestrelhub-proc-%1-%2-%3").arg(::getpid()).arg(QLatin1String(what)).arg(++counter);
-}
-
-QString sharedFile(const QString& relative)
-{
-    const QByteArray root = qgetenv("RADIO_SHARED_DATA");
-    if (root.isEmpty())
-        return QString();
-    const QString path = QString::fromLocal8Bit(root) + QStringLiteral("/rds/") + relative;
-    return QFile::exists(path) ? path : QString();
-}
-
-// radio-tunersim in a child process, its standard output kept line by
-// line; started with --trace, it is ready once it reports listening.
-struct Sim {
-    QProcess process;
-    QStringList lines;
-    QByteArray partial;
-
-    bool start(const QStringList& args)
-    {
-        QObject::connect(&process, &QProcess::readyReadStandardOutput, [this] {
-            partial += process.readAllStandardOutput();
-            int nl;
-            while ((nl = partial.indexOf('\n')) >= 0) {
-                lines << QString::fromUtf8(partial.left(nl));
-                partial.remove(0, nl + 1);
-            }
-        });
-        process.start(QStringLiteral(RADIO_TUNERSIM_BIN), args);
-        return process.waitForStarted(5000)
-            && QTest::qWaitFor([this] { return !lines.filter(QStringLiteral("# listening on")).isEmpty()
-                                               || process.state() == QProcess::NotRunning; }, 10000)
-            && process.state() == QProcess::Running;
-    }
-    ~Sim()
-    {
-        if (process.state() != QProcess::NotRunning) {
-            process.terminate();
-            process.waitForFinished(5000);
-        }
-    }
-};
-
-int runToEnd(const QStringList& args, QByteArray* out, QByteArray* err)
-{
-    QProcess p;
-    p.start(QStringLiteral(RADIO_TUNERSIM_BIN), args);
-    if (!p.waitForFinished(10000))
-        return -1;
-    *out = p.readAllStandardOutput();
-    *err = p.readAllStandardError();
-    return p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-}
-
-QByteArray ps(const tag_RadioCmdFromMCU& r)
-{
-    return QByteArray(reinterpret_cast<const char*>(r.psName), 8);
+    return QStringLiteral("kestrelhub-sim-%1-%2").arg(::getpid()).arg(++counter);
 }
 
 } // namespace
@@ -80,114 +35,163 @@ class TestRadioTunerSim : public QObject
 {
     Q_OBJECT
 private slots:
-    void badArguments_data();
-    void badArguments();
-    void drivenByHandWithTrace();
-    void lineupFile();
-    void replayedLog();
+    void initTestCase();
+    void commandLine_data();
+    void commandLine();
+    void answers_data();
+    void answers();
+    void startsAsConfigured_data();
+    void startsAsConfigured();
+
+private:
+    QTemporaryDir m_dir;
+    TunerSimProcess m_sim;
+    QString m_name = uniqueName();
 };
 
-void TestRadioTunerSim::badArguments_data()
+void TestRadioTunerSim::initTestCase()
+{
+    QFile csv(m_dir.filePath("lineup.csv"));
+    QVERIFY(csv.open(QIODevice::WriteOnly));
+    csv.write("88.0,ALPHA,10,0,Iltap\\x91iv\\x91 jazz,150\n123.4,NOWHERE,0,0,,100\n95.0,CHARLIE,3,1,,200\n603,,0,0,,150\n");
+    csv.close();
+    QVERIFY(m_sim.start({"--name", m_name, "--lineup", csv.fileName(), "--time-scale", "100"}));
+    QVERIFY(!m_sim.lines.filter("line 2: 123.40 MHz").isEmpty());
+}
+
+void TestRadioTunerSim::commandLine_data()
 {
     QTest::addColumn<QStringList>("args");
     QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("unknown option") << QStringList{QStringLiteral("--bogus")} << 2 << QStringLiteral("unknown option --bogus");
-    QTest::newRow("region") << QStringList{QStringLiteral("--region"), QStringLiteral("30")} << 2 << QStringLiteral("--region must be 0-23");
-    QTest::newRow("missing log") << QStringList{QStringLiteral("--rds"), QStringLiteral("96.7=/nonexistent.spy")} << 1 << QStringLiteral("cannot read /nonexistent.spy");
-    QTest::newRow("log on AM") << QStringList{QStringLiteral("--rds"), QStringLiteral("999=") + QStringLiteral(RADIO_TUNERSIM_BIN)} << 1 << QStringLiteral("not an FM frequency");
+    QTest::addColumn<QString>("says");
+    QTest::newRow("help") << QStringList{"--help"} << 0 << "--time-scale";
+    QTest::newRow("unknown option") << QStringList{"--bogus"} << 2 << "unknown option --bogus";
+    QTest::newRow("region") << QStringList{"--region", "24"} << 2 << "--region must be 0-23";
+    QTest::newRow("speed") << QStringList{"--rds-speed", "0"} << 2 << "--rds-speed must be a positive number";
+    QTest::newRow("missing log") << QStringList{"--rds", "96.7=/nonexistent.spy"} << 1 << "cannot read /nonexistent.spy";
+    QTest::newRow("log on AM") << QStringList{"--rds", "999=" RADIO_TUNERSIM_BIN} << 1 << "not an FM frequency";
+    QTest::newRow("name taken") << QStringList{"--name", m_name} << 1 << m_name;
 }
 
-void TestRadioTunerSim::badArguments()
+void TestRadioTunerSim::commandLine()
 {
     QFETCH(QStringList, args);
     QFETCH(int, exitCode);
-    QFETCH(QString, message);
-    QByteArray out, err;
-    args << QStringLiteral("--name") << uniqueName("bad");
-    QCOMPARE(runToEnd(args, &out, &err), exitCode);
-    QVERIFY2(QString::fromUtf8(err).contains(message), err.constData());
+    QFETCH(QString, says);
+    QProcess sim;
+    sim.start(RADIO_TUNERSIM_BIN, args.contains("--name") ? args : args << "--name" << uniqueName());
+    QVERIFY(sim.waitForFinished(10000));
+    QCOMPARE(sim.exitCode(), exitCode);
+    const QString output = QString::fromUtf8(sim.readAllStandardOutput() + sim.readAllStandardError());
+    QVERIFY2(output.contains(says), qPrintable(output));
 }
 
-// What an integrator does: start it with --trace, connect, send a few
-// frames, read the records and the decoded lines.
-void TestRadioTunerSim::drivenByHandWithTrace()
+// In order, each from a new connection, which takes over from the last:
+// the writes, the trace of what came in, the kinds that came back and the
+// frequency of the last tune info.
+void TestRadioTunerSim::answers_data()
 {
-    const QString name = uniqueName("trace");
-    Sim sim;
-    QVERIFY(sim.start({QStringLiteral("--trace"), QStringLiteral("--name"), name, QStringLiteral("--time-scale"), QStringLiteral("50")}));
-    SimClient client;
-    QVERIFY(client.connectTo(name));
-    QTRY_COMPARE(client.records.size(), 9);
-    QTRY_COMPARE(sim.lines.filter(QRegularExpression(QStringLiteral("^-> "))).size(), 9);
-    QVERIFY(sim.lines.filter(QStringLiteral("-> MCU_TUNE_INFO freq=")).size() == 1);
-
-    QVERIFY(client.send(RC_STEP_UP));
-    QVERIFY(client.send(99, 1));
-    QVERIFY(client.send(RC_BAND, 4));
-    QTRY_COMPARE(client.lastOf(MCU_TUNE_INFO).band, uint8_t(3));
-    QTRY_VERIFY(!sim.lines.filter(QStringLiteral("<- RC_BAND(2) param=4 (AM1)")).isEmpty());
-    const int step = sim.lines.indexOf(QStringLiteral("<- RC_STEP_UP(7) param=0"));
-    QVERIFY(step > 0);
-    QVERIFY(sim.lines.at(step + 1).startsWith(QStringLiteral("-> MCU_TUNE_INFO")));
-    QCOMPARE(sim.lines.filter(QStringLiteral("<- ?(99) param=1")).size(), 1);
-    QCOMPARE(sim.lines.filter(QStringLiteral("# !! unknown command code 99")).size(), 1);
-
-    client.close();
-    QTRY_VERIFY(!sim.lines.filter(QStringLiteral("# screen gone")).isEmpty());
-    QCOMPARE(sim.process.state(), QProcess::Running);
+    QTest::addColumn<QList<QByteArray>>("writes");
+    QTest::addColumn<QStringList>("trace");
+    QTest::addColumn<QList<uint32_t>>("kinds");
+    QTest::addColumn<uint32_t>("freq");
+    const QByteArray steps = frame(RC_STEP_UP) + frame(RC_STEP_UP);
+    QTest::newRow("AF already on, TA on") << QList<QByteArray>{frame(RC_AF, 1) + frame(RC_TA, 1)}
+                                         << QStringList{"<- RC_AF(10) param=1", "<- RC_TA(11) param=1"}
+                                         << QList<uint32_t>{MCU_RDS_FLAGS} << 0u;
+    QTest::newRow("favourite") << QList<QByteArray>{frame(RC_FAVOR)} << QStringList{"<- RC_FAVOR(20) param=0"}
+                               << QList<uint32_t>{MCU_FAVOURITE} << 0u;
+    QTest::newRow("new frequency") << QList<QByteArray>{frame(RC_SET_FREQ, 9500)}
+                                   << QStringList{"<- RC_SET_FREQ(17) param=9500 (95.00 MHz)"}
+                                   << QList<uint32_t>{MCU_TUNE_INFO, MCU_PTY, MCU_PS_NAME, MCU_RADIO_TEXT, MCU_RDS_FLAGS, MCU_SIGNAL} << 9500u;
+    QTest::newRow("new band") << QList<QByteArray>{frame(RC_BAND, 4)} << QStringList{"<- RC_BAND(2) param=4 (AM1)"}
+                              << kWholeState.mid(0, 8) << 603u;
+    QTest::newRow("band remembers") << QList<QByteArray>{frame(RC_BAND, 1)} << QStringList{"<- RC_BAND(2) param=1 (FM1)"}
+                                    << kWholeState.mid(0, 8) << 9500u;
+    QTest::newRow("refused frequency") << QList<QByteArray>{frame(RC_SET_FREQ, 10810)}
+                                       << QStringList{"<- RC_SET_FREQ(17) param=10810 (108.10 MHz)", "# !!"} << kWholeState << 9500u;
+    QTest::newRow("unknown code") << QList<QByteArray>{frame(99, 1) + frame(RC_REQUEST_LIST)}
+                                  << QStringList{"<- ?(99) param=1", "# !!", "<- RC_REQUEST_LIST(255) param=0"}
+                                  << kWholeState << 9500u;
+    QTest::newRow("cut 3+5") << QList<QByteArray>{steps.left(3), steps.mid(3)}
+                             << QStringList{"<- RC_STEP_UP(7) param=0", "<- RC_STEP_UP(7) param=0"}
+                             << QList<uint32_t>{MCU_TUNE_INFO, MCU_PTY, MCU_PS_NAME, MCU_RDS_FLAGS, MCU_SIGNAL} + kNewFrequency << 9510u;
+    QTest::newRow("cut across frames") << QList<QByteArray>{steps.left(5), steps.mid(5, 6), steps.mid(11)}
+                                       << QStringList{"<- RC_STEP_UP(7) param=0", "<- RC_STEP_UP(7) param=0"}
+                                       << kNewFrequency + kNewFrequency << 9520u;
+    QByteArray junk;
+    for (uint32_t code = 23; code < 255; ++code)
+        junk += frame(code, code * 7919) + frame(code << 8, code);
+    QTest::newRow("unused codes") << QList<QByteArray>{junk + frame(RC_REQUEST_LIST)} << QStringList{} << kWholeState << 9520u;
 }
 
-void TestRadioTunerSim::lineupFile()
+void TestRadioTunerSim::answers()
 {
-    QTemporaryDir dir;
-    QVERIFY(dir.isValid());
-    const QString csv = dir.filePath(QStringLiteral("lineup.csv"));
-    QFile file(csv);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("freq,ps,pty,tp,rt,signal\n"
-               "89.5,ONLY ONE,24,1,Just jazz,210\n"
-               "123.4,NOWHERE,0,0,,100\n");
-    file.close();
-    const QString name = uniqueName("lineup");
-    Sim sim;
-    QVERIFY(sim.start({QStringLiteral("--trace"), QStringLiteral("--name"), name, QStringLiteral("--lineup"), csv,
-                       QStringLiteral("--time-scale"), QStringLiteral("100")}));
-    QVERIFY(!sim.lines.filter(QStringLiteral("line 3: 123.40 MHz is outside the band plan")).isEmpty());
+    QFETCH(QList<QByteArray>, writes);
+    QFETCH(QStringList, trace);
+    QFETCH(QList<uint32_t>, kinds);
+    QFETCH(uint32_t, freq);
+    const int before = m_sim.count("-> ");
     SimClient client;
-    QVERIFY(client.connectTo(name));
-    QTRY_COMPARE(client.records.size(), 9);
-    QCOMPARE(client.lastOf(MCU_TUNE_INFO).freq, 8950u);
-    QCOMPARE(ps(client.lastOf(MCU_PS_NAME)), QByteArray("ONLY ONE"));
-    QCOMPARE(int(client.lastOf(MCU_PTY).pty), 24);
-    QCOMPARE(int(client.lastOf(MCU_SIGNAL).signal), 210);
-    // The only station: seek goes round the band back to it.
+    QVERIFY(client.connectTo(m_name));
+    QTRY_COMPARE(client.kinds(), kWholeState);
+    QVERIFY(m_sim.waitFor("-> ", before + kWholeState.size()));
+    const int from = m_sim.lines.size();
     client.records.clear();
-    QVERIFY(client.send(RC_SEEK_UP));
-    QTRY_COMPARE(client.lastOf(MCU_PS_NAME).cmd, uint32_t(MCU_PS_NAME));
-    QTRY_COMPARE(ps(client.lastOf(MCU_PS_NAME)), QByteArray("ONLY ONE"));
-    QCOMPARE(client.lastOf(MCU_TUNE_INFO).freq, 8950u);
+    for (const QByteArray& bytes : writes)
+        QVERIFY(client.write(bytes) == bytes.size() && client.waitForBytesWritten(1000));
+    QTRY_COMPARE(client.kinds(), kinds);
+    const auto info = std::find_if(client.records.crbegin(), client.records.crend(),
+                                   [](const tag_RadioCmdFromMCU& r) { return r.cmd == MCU_TUNE_INFO; });
+    QCOMPARE(info == client.records.crend() ? 0u : info->freq, freq);
+    QTRY_COMPARE(m_sim.lines.mid(from).filter(QRegularExpression("^-> ")).size(), kinds.size());
+    // Lines of refused input only by their mark: their wording is free.
+    const QStringList received = m_sim.lines.mid(from).filter(QRegularExpression("^(<- |# !!)")).replaceInStrings(QRegularExpression("^# !!.*"), "# !!");
+    if (!trace.isEmpty())
+        QCOMPARE(received, trace);
 }
 
-void TestRadioTunerSim::replayedLog()
+// A simulator of its own: what the screen gets on connect, or once tuned
+// to a replayed log: "freq name|PTY|radio text".
+void TestRadioTunerSim::startsAsConfigured_data()
 {
-    const QString log = sharedFile(QStringLiteral("walczakp-rds-spy-logs/Finland/6403_-_2018-09-05_15-15-59_FI_HE_YLESUOMI.rds"));
-    if (log.isEmpty())
+    QTest::addColumn<QStringList>("args");
+    QTest::addColumn<uint32_t>("tuneTo");
+    QTest::addColumn<QString>("expected");
+    const QString rds = qEnvironmentVariable("RADIO_SHARED_DATA") + "/rds/walczakp-rds-spy-logs/";
+    QTest::newRow("line-up file") << QStringList{"--lineup", m_dir.filePath("lineup.csv")} << 0u
+                                  << QString::fromUtf8("8800 ALPHA   |10|Iltapäivä jazz");
+    QTest::newRow("region 9") << QStringList{"--region", "9"} << 7001u << "7001 ";
+    QTest::newRow("spy log") << QStringList{"--rds", "93.4=" + rds + "Czech_Republic/2205_-_2020-08-21_17-36-12.spy"} << 9340u
+                             << "9340 RADIO F1|10|KRYSTOF - Zustan tu se mnou (Za sny)";
+    QTest::newRow("the 94.0 section of a log") << QStringList{"--rds", "94.0=" + rds + "Finland/6403_-_2018-09-05_15-15-59_FI_HE_YLESUOMI.rds"}
+                                               << 9400u << QString::fromUtf8("9400 YLE HKI |2|Radio Suomen Iltapäivä");
+}
+
+void TestRadioTunerSim::startsAsConfigured()
+{
+    QFETCH(QStringList, args);
+    QFETCH(uint32_t, tuneTo);
+    QFETCH(QString, expected);
+    if (args.first() == "--rds" && !QFile::exists(args.last().section('=', 1)))
         QSKIP("RDS logs not present under RADIO_SHARED_DATA");
-    const QString name = uniqueName("rds");
-    Sim sim;
-    QVERIFY(sim.start({QStringLiteral("--trace"), QStringLiteral("--name"), name, QStringLiteral("--rds"),
-                       QStringLiteral("94.0=") + log, QStringLiteral("--rds-speed"), QStringLiteral("40")}));
-    QVERIFY(!sim.lines.filter(QStringLiteral("4990 groups on 94.00 MHz")).isEmpty());
+    const QString name = uniqueName();
+    TunerSimProcess sim;
+    QVERIFY(sim.start(args << "--name" << name << "--rds-speed" << "40"));
     SimClient client;
     QVERIFY(client.connectTo(name));
-    QVERIFY(client.send(RC_SET_FREQ, 9400));
-    QTRY_COMPARE_WITH_TIMEOUT(ps(client.lastOf(MCU_PS_NAME)), QByteArray("YLE HKI "), 20000);
-    // RDS 0x91 is ä: the radio text arrives as UTF-8.
-    QTRY_VERIFY_WITH_TIMEOUT(QString::fromUtf8(reinterpret_cast<const char*>(client.lastOf(MCU_RADIO_TEXT).radioText))
-                                 .startsWith(QString::fromUtf8("Radio Suomen Iltapäivä")), 20000);
-    QCOMPARE(int(client.lastOf(MCU_PTY).pty), 2);
-    QVERIFY(!sim.lines.filter(QString::fromUtf8("-> MCU_RADIO_TEXT text=\"Radio Suomen Iltapäivä")).isEmpty());
+    QTRY_COMPARE(client.records.size(), kWholeState.size());
+    if (tuneTo)
+        QVERIFY(client.send(RC_SET_FREQ, tuneTo));
+    const auto shown = [&] {
+        tag_RadioCmdFromMCU last[MCU_RADIO_TEXT + 1] = {};
+        for (const tag_RadioCmdFromMCU& r : client.records)
+            last[r.cmd <= MCU_RADIO_TEXT ? r.cmd : MCU_PRESET_FREQ] = r;
+        return QStringLiteral("%1 %2|%3|%4").arg(last[MCU_TUNE_INFO].freq)
+            .arg(QString::fromLatin1(reinterpret_cast<const char*>(last[MCU_PS_NAME].psName), 8)).arg(last[MCU_PTY].pty)
+            .arg(QString::fromUtf8(reinterpret_cast<const char*>(last[MCU_RADIO_TEXT].radioText)));
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(shown().left(expected.size()), expected, 20000);
 }
 
 QTEST_GUILESS_MAIN(TestRadioTunerSim)
