@@ -299,34 +299,46 @@ int main(int argc, char** argv)
     SnapshotProbe probe(QFile::encodeName(options.dumpFile));
     probe.start();
 
-    const Clock::time_point begin = Clock::now();
-    bool timedOut = false;
+    // The GUI thread may be too far behind to notice the time limit, so a
+    // watchdog thread of its own reports and ends the run.
+    const auto report = [&](bool timedOut) {
+        const uint64_t handled = counter.handled;
+        const double busy = (counter.lastNs - counter.firstNs) / 1e9;
+        const long finalRss = residentKiB("VmRSS:");
+        const long peakRss = std::max({probe.peakRssKiB(), finalRss, residentKiB("VmHWM:")});
+        std::fprintf(stderr, "handled:        %llu of %llu records%s\n", static_cast<unsigned long long>(handled),
+                     static_cast<unsigned long long>(records), timedOut ? " (time limit reached)" : "");
+        std::fprintf(stderr, "handled rate:   %.0f records/s (%.1f s from the first to the last)\n",
+                     busy > 0 ? (handled - 1) / busy : 0.0, busy);
+        std::fprintf(stderr, "resident:       %.1f MB at the start, %.1f MB peak, %.1f MB %s\n", startRss / 1024.0,
+                     peakRss / 1024.0, finalRss / 1024.0, timedOut ? "now" : "final");
+        std::fprintf(stderr, "snapshots:      %d answered, worst wait %.0f ms%s\n", probe.answered(), probe.worstMs(),
+                     timedOut ? " (or more: one may still be waiting)" : "");
+        kill(peer, SIGTERM);
+        waitpid(peer, nullptr, 0);
+    };
+    std::atomic<bool> finished{false};
+    std::thread watchdog([&] {
+        const Clock::time_point limit = Clock::now() + std::chrono::seconds(limitSeconds);
+        while (!finished) {
+            if (Clock::now() > limit) {
+                report(true);
+                _exit(2);
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        }
+    });
+
     QTimer check;
     QObject::connect(&check, &QTimer::timeout, [&] {
-        if (counter.handled >= records) {
+        if (counter.handled >= records)
             app.quit();
-        } else if (secondsSince(begin) > limitSeconds) {
-            timedOut = true;
-            app.quit();
-        }
     });
     check.start(20);
     app.exec();
+    finished = true;
+    watchdog.join();
     probe.stop();
-
-    const uint64_t handled = counter.handled;
-    const double busy = (counter.lastNs - counter.firstNs) / 1e9;
-    const long finalRss = residentKiB("VmRSS:");
-    const long peakRss = std::max({probe.peakRssKiB(), finalRss, residentKiB("VmHWM:")});
-    std::fprintf(stderr, "handled:        %llu of %llu records%s\n", static_cast<unsigned long long>(handled),
-                 static_cast<unsigned long long>(records), timedOut ? " (time limit reached)" : "");
-    std::fprintf(stderr, "handled rate:   %.0f records/s (%.1f s from the first to the last)\n",
-                 busy > 0 ? (handled - 1) / busy : 0.0, busy);
-    std::fprintf(stderr, "resident:       %.1f MB at the start, %.1f MB peak, %.1f MB final\n", startRss / 1024.0,
-                 peakRss / 1024.0, finalRss / 1024.0);
-    std::fprintf(stderr, "snapshots:      %d answered, worst wait %.0f ms\n", probe.answered(), probe.worstMs());
-
-    kill(peer, SIGTERM);
-    waitpid(peer, nullptr, 0);
-    return timedOut ? 2 : 0;
+    report(false);
+    return 0;
 }
