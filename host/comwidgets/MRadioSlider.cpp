@@ -1,9 +1,11 @@
 #include "MRadioSlider.h"
 
+#include <QBasicTimer>
 #include <QLoggingCategory>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QTimerEvent>
 #include <QVector>
 #include <cmath>
 
@@ -60,6 +62,10 @@ struct MRadioSlider::Private
 
     bool dragging = false;
     float dragFreq = 0;
+    // A frequency sent to the tuner and not answered yet.
+    bool awaiting = false;
+    float requestedFreq = 0;
+    QBasicTimer confirmTimer;
 };
 
 MRadioSlider::MRadioSlider(QWidget* parent)
@@ -151,6 +157,8 @@ void MRadioSlider::setCurFreq(float f)
         return;
     }
     d->curFreq = f;
+    d->awaiting = false;
+    d->confirmTimer.stop();
     update();
 }
 
@@ -280,7 +288,9 @@ int MRadioSlider::xForFreq(float f) const
 
 int MRadioSlider::pointerX() const
 {
-    return xForFreq(d->dragging ? d->dragFreq : d->curFreq);
+    if (d->dragging)
+        return xForFreq(d->dragFreq);
+    return xForFreq(d->awaiting ? d->requestedFreq : d->curFreq);
 }
 
 bool MRadioSlider::isDragging() const { return d->dragging; }
@@ -313,11 +323,27 @@ void MRadioSlider::mouseReleaseEvent(QMouseEvent* e)
         return;
     d->dragging = false;
     const float f = freqAtX(e->pos().x());
-    const bool changed = f != d->curFreq;
-    d->curFreq = f;
+    d->awaiting = f != d->curFreq;
+    d->requestedFreq = f;
+    if (d->awaiting)
+        d->confirmTimer.start(ConfirmMs, Qt::CoarseTimer, this);
+    else
+        d->confirmTimer.stop();
     update();
-    if (changed)
+    if (d->awaiting)
         emit freqChangedSgl(f);
+}
+
+// The tuner did not take the requested frequency: show the current one.
+void MRadioSlider::timerEvent(QTimerEvent* e)
+{
+    if (e->timerId() != d->confirmTimer.timerId()) {
+        QWidget::timerEvent(e);
+        return;
+    }
+    d->confirmTimer.stop();
+    d->awaiting = false;
+    update();
 }
 
 void MRadioSlider::paintEvent(QPaintEvent*)

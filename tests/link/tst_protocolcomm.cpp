@@ -4,6 +4,7 @@
 #include "ProtocolComm.h"
 #include "RadioModule.h"
 #include "RecordingController.h"
+#include "RadioCmdMetaType.h"
 
 #include <QElapsedTimer>
 #include <QSharedPointer>
@@ -12,6 +13,8 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <deque>
+#include <mutex>
 #include <cstring>
 #include <dirent.h>
 #include <memory>
@@ -177,6 +180,14 @@ private slots:
     void deleteInstanceJoinsReader_data();
     void deleteInstanceJoinsReader();
     void controllerChurnWhileStreaming();
+
+    // Backpressure and hardening (definitions at the end of the file).
+    void queuedHandOverIsBounded();
+    void waitingReaderIsReleased_data();
+    void waitingReaderIsReleased();
+    void recordWithoutSourceIsZero_data();
+    void recordWithoutSourceIsZero();
+    void fullSocketFailsAtOnce();
 
 private:
     void registerRadioModule();
@@ -941,6 +952,167 @@ void tst_ProtocolComm::controllerChurnWhileStreaming()
     }
     QVERIFY(std::all_of(seen.begin(), seen.end(), [](int n) { return n == 1; }));
     QCOMPARE(newMsgLines(out.lines()).size(), total);
+}
+
+// ---- Backpressure and hardening ----
+
+namespace {
+
+// A controller that hands records on to another thread, as the real one does
+// through its queued signal: the test thread takes them up one by one.
+struct QueueingController {
+    void RecvedTunerMsg(tag_RadioCmdFromMCU msg)
+    {
+        std::lock_guard<std::mutex> guard(lock);
+        m_pTuner.recordQueued(this);
+        queue.push_back(msg);
+        maxQueued = std::max(maxQueued, static_cast<int>(queue.size()));
+    }
+    bool takeOne(tag_RadioCmdFromMCU* msg)
+    {
+        std::lock_guard<std::mutex> guard(lock);
+        if (queue.empty())
+            return false;
+        *msg = queue.front();
+        queue.pop_front();
+        m_pTuner.recordHandled(this);
+        return true;
+    }
+    int queued()
+    {
+        std::lock_guard<std::mutex> guard(lock);
+        return static_cast<int>(queue.size());
+    }
+    std::mutex lock;
+    std::deque<tag_RadioCmdFromMCU> queue;
+    int maxQueued = 0;
+};
+
+tag_RadioCmdFromMCU numbered(uint32_t seq)
+{
+    tag_RadioCmdFromMCU record = makeRecord(MCU_SIGNAL, seq);
+    record.freq = seq;
+    return record;
+}
+
+// Writes numbered records on a thread of its own (the writes block while the
+// link is not reading, and give up when it stays away).
+struct Flood {
+    Flood(FakeTunerService* service, int count)
+        : writer([service, count] {
+              for (int i = 0; i < count && service->writeRecord(numbered(static_cast<uint32_t>(i))); ++i) {
+              }
+          })
+    {
+    }
+    ~Flood() { writer.join(); }
+    std::thread writer;
+};
+
+} // namespace
+
+void tst_ProtocolComm::queuedHandOverIsBounded()
+{
+    QueueingController controller;
+    m_pTuner = &controller;
+    ProtocolComm* link = connectedLink();
+    QVERIFY(link);
+    const int total = 1000;
+    Flood flood(m_service.get(), total);
+
+    QTRY_COMPARE(controller.queued(), TunerHandle::MaxQueued);
+    QCOMPARE(m_pTuner.queuedCount(), TunerHandle::MaxQueued);
+    for (uint32_t expected = 0; expected < total; ++expected) {
+        tag_RadioCmdFromMCU msg;
+        QVERIFY(QTest::qWaitFor([&] { return controller.takeOne(&msg); }));
+        QVERIFY(sameRecord(msg, numbered(expected)));
+    }
+    QCOMPARE(controller.maxQueued, TunerHandle::MaxQueued);
+    QCOMPARE(m_pTuner.queuedCount(), 0);
+}
+
+void tst_ProtocolComm::waitingReaderIsReleased_data()
+{
+    QTest::addColumn<bool>("stopLink");
+    QTest::newRow("controller destroyed") << false;
+    QTest::newRow("link stopped") << true;
+}
+
+// Nobody takes the queued records up; clearing the controller or stopping
+// the link must still release the reader.
+void tst_ProtocolComm::waitingReaderIsReleased()
+{
+    QFETCH(bool, stopLink);
+    registerRadioModule();
+    QueueingController controller;
+    m_pTuner = &controller;
+    ProtocolComm* link = connectedLink();
+    QVERIFY(link);
+    const int total = 300;
+    Flood flood(m_service.get(), total);
+    QTRY_COMPARE(controller.queued(), TunerHandle::MaxQueued);
+
+    if (stopLink) {
+        link->Stop();
+        QVERIFY(!link->isConnected());
+        m_pTuner = nullptr;
+        return;
+    }
+    m_pTuner = nullptr;
+    // The rest goes to the host module, in order, and nothing is stuck.
+    QTRY_COMPARE(m_module->receivedCount(), total - TunerHandle::MaxQueued);
+    const QList<tag_RadioCmdFromMCU> rest = m_module->receivedMsgs();
+    for (int i = 0; i < rest.size(); ++i)
+        QCOMPARE(rest[i].freq, static_cast<uint32_t>(TunerHandle::MaxQueued + i));
+    QCOMPARE(m_pTuner.queuedCount(), 0);
+}
+
+void tst_ProtocolComm::recordWithoutSourceIsZero_data()
+{
+    QTest::addColumn<bool>("inPlace");
+    QTest::newRow("QMetaType::create") << false;
+    QTest::newRow("QMetaType::construct") << true;
+}
+
+void tst_ProtocolComm::recordWithoutSourceIsZero()
+{
+    QFETCH(bool, inPlace);
+    const int id = qRegisterMetaType<RadioCmdFromMCU_T>("RadioCmdFromMCU_T");
+    QCOMPARE(QMetaType::type("RadioCmdFromMCU_T"), id);
+    QCOMPARE(QMetaType::sizeOf(id), 584);
+    alignas(tag_RadioCmdFromMCU) unsigned char storage[sizeof(tag_RadioCmdFromMCU)];
+    std::memset(storage, 0xA5, sizeof storage);
+    void* made = inPlace ? QMetaType::construct(id, storage, nullptr) : QMetaType::create(id);
+    QVERIFY(made);
+    const QByteArray bytes(static_cast<const char*>(made), sizeof(tag_RadioCmdFromMCU));
+    if (inPlace)
+        QMetaType::destruct(id, made);
+    else
+        QMetaType::destroy(id, made);
+    QCOMPARE(bytes, QByteArray(sizeof(tag_RadioCmdFromMCU), '\0'));
+}
+
+// A service that stops reading: once its socket is full a command fails
+// with the log line instead of waiting for room.
+void tst_ProtocolComm::fullSocketFailsAtOnce()
+{
+    ProtocolComm* link = connectedLink();
+    QVERIFY(link);
+    m_service->setReading(false);
+    OutputCapture out;
+    QVERIFY(out.isActive());
+    QElapsedTimer clock;
+    qint64 slowest = 0;
+    for (int sent = 0; sent < 100000 && out.count(kSendFail) == 0; ++sent) {
+        clock.start();
+        link->Tuner_Scan();
+        slowest = std::max(slowest, clock.elapsed());
+    }
+    QCOMPARE(out.count(kSendFail), 1);
+    // Far below the second a blocking send would wait.
+    QVERIFY2(slowest < 500, qPrintable(QString::number(slowest)));
+    m_service->setReading(true);
+    QTRY_VERIFY(m_service->frameCount(RC_SCAN) > 0);
 }
 
 QTEST_GUILESS_MAIN(tst_ProtocolComm)

@@ -1,4 +1,5 @@
 #include "MRadioSlider.h"
+#include "ObjectTimers.h"
 #include "WidgetRender.h"
 
 #include <QMouseEvent>
@@ -64,6 +65,10 @@ private slots:
     void nonFiniteFrequencyIgnored();
     void pointerFallbackAndImage();
     void render();
+
+    // The tuner's answer to a drag (definitions at the end of the file).
+    void dragAwaitsTheTuner_data();
+    void dragAwaitsTheTuner();
 
 private:
     QWidget* m_host = nullptr;
@@ -137,7 +142,8 @@ void TestMRadioSlider::tapTunesSnapped()
     QVERIFY2(got == expected, qPrintable(exact(got) + " != " + exact(expected)));
     // The view truncates to an integer: no 9814.9999 may slip through.
     QCOMPARE(unsigned(got), unsigned(expected));
-    QVERIFY2(m_slider->curFreq() == expected, qPrintable(exact(m_slider->curFreq())));
+    // The pointer waits there for the tuner's answer.
+    QCOMPARE(m_slider->pointerX(), m_slider->xForFreq(expected));
 }
 
 void TestMRadioSlider::clampsAtBothEnds_data()
@@ -399,6 +405,45 @@ void TestMRadioSlider::render()
     stage.show();
     QVERIFY(QTest::qWaitForWindowExposed(&stage));
     QVERIFY(saveRender(&stage, QStringLiteral("mradioslider")));
+}
+
+// ---- The tuner's answer to a drag ----
+
+void TestMRadioSlider::dragAwaitsTheTuner_data()
+{
+    QTest::addColumn<float>("answer");
+    QTest::addColumn<float>("shown");
+    QTest::newRow("no answer") << 0.0f << 9000.0f;
+    QTest::newRow("another frequency") << 9550.0f << 9550.0f;
+    QTest::newRow("the requested one") << 10400.0f << 10400.0f;
+}
+
+void TestMRadioSlider::dragAwaitsTheTuner()
+{
+    QFETCH(float, answer);
+    QFETCH(float, shown);
+    m_slider->freqParamChangedSlot(true, 87.5f, 108.0f, 0.05f);
+    m_slider->curFreqChangedSlot(9000.0f);
+    QSignalSpy spy(m_slider, &MRadioSlider::freqChangedSgl);
+    const int x = m_slider->xForFreq(10400.0f);
+    for (int drag = 1; drag <= 2; ++drag) {
+        QTest::mouseClick(m_slider, Qt::LeftButton, {}, QPoint(x, 45));
+        // The same place again is a new request while the tuner has not
+        // taken the first.
+        QCOMPARE(spy.count(), drag);
+        QCOMPARE(spy.last().first().toFloat(), 10400.0f);
+        QCOMPARE(m_slider->pointerX(), x);
+        QVERIFY(ObjectTimers::isRunning(m_slider, MRadioSlider::ConfirmMs));
+        if (drag == 1)
+            QVERIFY(ObjectTimers::fire(m_slider, MRadioSlider::ConfirmMs));
+    }
+    if (answer > 0)
+        m_slider->curFreqChangedSlot(answer);
+    else
+        QVERIFY(ObjectTimers::fire(m_slider, MRadioSlider::ConfirmMs));
+    QVERIFY(!ObjectTimers::isRunning(m_slider, MRadioSlider::ConfirmMs));
+    QCOMPARE(m_slider->curFreq(), shown);
+    QCOMPARE(m_slider->pointerX(), m_slider->xForFreq(shown));
 }
 
 QTEST_MAIN(TestMRadioSlider)
