@@ -32,6 +32,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <pthread.h>
+#include <time.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -156,6 +158,15 @@ int listenAsService()
 }
 
 // ---- Measurements in the head unit ----
+
+double threadCpuSeconds(pthread_t thread)
+{
+    clockid_t clock;
+    timespec t{};
+    if (pthread_getcpuclockid(thread, &clock) != 0 || clock_gettime(clock, &t) != 0)
+        return 0;
+    return t.tv_sec + t.tv_nsec / 1e9;
+}
 
 long residentKiB(const char* key)
 {
@@ -296,6 +307,10 @@ int main(int argc, char** argv)
     std::fprintf(stderr, "flooding with %llu records of %zu bytes (log: %s)\n",
                  static_cast<unsigned long long>(records), sizeof(tag_RadioCmdFromMCU), qPrintable(logFile));
     const long startRss = residentKiB("VmRSS:");
+    // CPU time of the GUI thread is less disturbed by other load on the
+    // machine than the rate.
+    const pthread_t guiThread = pthread_self();
+    const double startCpu = threadCpuSeconds(guiThread);
     SnapshotProbe probe(QFile::encodeName(options.dumpFile));
     probe.start();
 
@@ -310,6 +325,8 @@ int main(int argc, char** argv)
                      static_cast<unsigned long long>(records), timedOut ? " (time limit reached)" : "");
         std::fprintf(stderr, "handled rate:   %.0f records/s (%.1f s from the first to the last)\n",
                      busy > 0 ? (handled - 1) / busy : 0.0, busy);
+        std::fprintf(stderr, "GUI thread CPU: %.1f us per handled record\n",
+                     handled ? (threadCpuSeconds(guiThread) - startCpu) * 1e6 / handled : 0.0);
         std::fprintf(stderr, "resident:       %.1f MB at the start, %.1f MB peak, %.1f MB %s\n", startRss / 1024.0,
                      peakRss / 1024.0, finalRss / 1024.0, timedOut ? "now" : "final");
         std::fprintf(stderr, "snapshots:      %d answered, worst wait %.0f ms%s\n", probe.answered(), probe.worstMs(),
