@@ -93,6 +93,8 @@ protected:
     void mouseMoveEvent(QMouseEvent* e) override;
     void mouseReleaseEvent(QMouseEvent* e) override;
     void timerEvent(QTimerEvent* e) override;
+    void resizeEvent(QResizeEvent* e) override;
+    bool event(QEvent* e) override;
 
 private:
     double unitFactor() const;
@@ -100,6 +102,11 @@ private:
     double highTuner() const;
     double snapTuner(double v) const;
     QString labelText(qint64 milli) const;
+    void paintScale(QPainter& p) const;
+    void paintPointer(QPainter& p) const;
+    // The strip the pointer covers at x, and its repaint after a move.
+    QRect pointerRect(int x) const;
+    void updatePointer(int oldX);
 
     struct Private;
     Private* d;
