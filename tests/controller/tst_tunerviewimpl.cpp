@@ -613,7 +613,9 @@ void tst_TunerViewImpl::recordsArriveInOrderOverTheSocket()
     for (const tag_RadioCmdFromMCU& r : {presets, names, first, ps, rt, pty, flags, second})
         QVERIFY(m_service.writeRecord(r));
 
-    QTRY_COMPARE(child<QLabel>("FreqDisp")->text(), QStringLiteral("105.10"));
+    // The layout's own text is 105.10 too: wait for the last record.
+    QTRY_COMPARE(m_ctl->lastMsg().freq, 10510u);
+    QCOMPARE(child<QLabel>("FreqDisp")->text(), QStringLiteral("105.10"));
     QTRY_VERIFY(m_ctl->isViewShown());
     QCOMPARE(child<QLabel>("BandName")->text(), QStringLiteral("FM2"));
     QCOMPARE(child<HvIconButton>("PS1")->displayText(), QStringLiteral("RADIO 1"));
