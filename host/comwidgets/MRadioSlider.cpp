@@ -1,9 +1,12 @@
 #include "MRadioSlider.h"
 
+#include <QBasicTimer>
 #include <QLoggingCategory>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QResizeEvent>
+#include <QTimerEvent>
 #include <QVector>
 #include <cmath>
 
@@ -60,6 +63,23 @@ struct MRadioSlider::Private
 
     bool dragging = false;
     float dragFreq = 0;
+    // A frequency sent to the tuner and not answered yet.
+    bool awaiting = false;
+    float requestedFreq = 0;
+    QBasicTimer confirmTimer;
+
+    // Ticks and labels change only with the range, the look or the size;
+    // a moving pointer repaints its own strip over this picture.
+    QPixmap scale;
+    bool scaleValid = false;
+    // scaleLeft() measures a label with the font: kept until the scale changes.
+    int left = -1;
+
+    void invalidateScale()
+    {
+        scaleValid = false;
+        left = -1;
+    }
 };
 
 MRadioSlider::MRadioSlider(QWidget* parent)
@@ -81,6 +101,7 @@ void MRadioSlider::setIndicatePix(const QString& path)
     d->indicatePix = path.isEmpty() ? QPixmap() : QPixmap(path);
     if (!path.isEmpty() && d->indicatePix.isNull())
         qCWarning(lcRadioSlider) << "pointer image not found, drawing a line:" << path;
+    d->invalidateScale();
     update();
 }
 
@@ -89,6 +110,7 @@ QColor MRadioSlider::lineColor() const { return d->lineColor; }
 void MRadioSlider::setLineColor(const QColor& c)
 {
     d->lineColor = c;
+    d->invalidateScale();
     update();
 }
 
@@ -102,6 +124,7 @@ void MRadioSlider::setLineGap(int px)
         return;
     }
     d->lineGap = px;
+    d->invalidateScale();
     update();
 }
 
@@ -114,6 +137,7 @@ void MRadioSlider::setFreqStart(float f)
         return;
     }
     d->freqStart = f;
+    d->invalidateScale();
     update();
 }
 
@@ -126,6 +150,7 @@ void MRadioSlider::setFreqEnd(float f)
         return;
     }
     d->freqEnd = f;
+    d->invalidateScale();
     update();
 }
 
@@ -139,6 +164,7 @@ void MRadioSlider::setFreqStep(float f)
         return;
     }
     d->freqStep = f;
+    d->invalidateScale();
     update();
 }
 
@@ -150,8 +176,11 @@ void MRadioSlider::setCurFreq(float f)
         qCWarning(lcRadioSlider) << "non-finite frequency ignored";
         return;
     }
+    const int oldX = pointerX();
     d->curFreq = f;
-    update();
+    d->awaiting = false;
+    d->confirmTimer.stop();
+    updatePointer(oldX);
 }
 
 bool MRadioSlider::isFM() const { return d->isFM; }
@@ -159,6 +188,7 @@ bool MRadioSlider::isFM() const { return d->isFM; }
 void MRadioSlider::setIsFM(bool fm)
 {
     d->isFM = fm;
+    d->invalidateScale();
     update();
 }
 
@@ -167,6 +197,7 @@ int MRadioSlider::marginY() const { return d->marginY; }
 void MRadioSlider::setMarginY(int px)
 {
     d->marginY = px;
+    d->invalidateScale();
     update();
 }
 
@@ -175,6 +206,7 @@ int MRadioSlider::textMarginY() const { return d->textMarginY; }
 void MRadioSlider::setTextMarginY(int px)
 {
     d->textMarginY = px;
+    d->invalidateScale();
     update();
 }
 
@@ -183,6 +215,7 @@ int MRadioSlider::scaleMarginY() const { return d->scaleMarginY; }
 void MRadioSlider::setScaleMarginY(int px)
 {
     d->scaleMarginY = px;
+    d->invalidateScale();
     update();
 }
 
@@ -194,10 +227,13 @@ void MRadioSlider::freqParamChangedSlot(bool isFM, float freqMin, float freqMax,
                                  << freqStep;
         return;
     }
+    if (d->isFM == isFM && d->freqStart == freqMin && d->freqEnd == freqMax && d->freqStep == freqStep)
+        return;
     d->isFM = isFM;
     d->freqStart = freqMin;
     d->freqEnd = freqMax;
     d->freqStep = freqStep;
+    d->invalidateScale();
     update();
 }
 
@@ -243,10 +279,13 @@ QString MRadioSlider::labelText(qint64 milli) const
 
 int MRadioSlider::scaleLeft() const
 {
-    const QFontMetrics fm(font());
-    const int label = fm.horizontalAdvance(labelText(qint64(std::round(highTuner() / unitFactor() * 1000))));
-    const int pointer = d->indicatePix.isNull() ? 6 : d->indicatePix.width() / 2;
-    return qMax(qMax(12, pointer), label / 2 + 4);
+    if (d->left < 0) {
+        const QFontMetrics fm(font());
+        const int label = fm.horizontalAdvance(labelText(qint64(std::round(highTuner() / unitFactor() * 1000))));
+        const int pointer = d->indicatePix.isNull() ? 6 : d->indicatePix.width() / 2;
+        d->left = qMax(qMax(12, pointer), label / 2 + 4);
+    }
+    return d->left;
 }
 
 int MRadioSlider::scaleRight() const
@@ -280,7 +319,9 @@ int MRadioSlider::xForFreq(float f) const
 
 int MRadioSlider::pointerX() const
 {
-    return xForFreq(d->dragging ? d->dragFreq : d->curFreq);
+    if (d->dragging)
+        return xForFreq(d->dragFreq);
+    return xForFreq(d->awaiting ? d->requestedFreq : d->curFreq);
 }
 
 bool MRadioSlider::isDragging() const { return d->dragging; }
@@ -291,9 +332,10 @@ void MRadioSlider::mousePressEvent(QMouseEvent* e)
         e->ignore();
         return;
     }
+    const int oldX = pointerX();
     d->dragging = true;
     d->dragFreq = freqAtX(e->pos().x());
-    update();
+    updatePointer(oldX);
 }
 
 void MRadioSlider::mouseMoveEvent(QMouseEvent* e)
@@ -303,26 +345,89 @@ void MRadioSlider::mouseMoveEvent(QMouseEvent* e)
     const float f = freqAtX(e->pos().x());
     if (f == d->dragFreq)
         return;
+    const int oldX = pointerX();
     d->dragFreq = f;
-    update();
+    updatePointer(oldX);
 }
 
 void MRadioSlider::mouseReleaseEvent(QMouseEvent* e)
 {
     if (!d->dragging || e->button() != Qt::LeftButton)
         return;
+    const int oldX = pointerX();
     d->dragging = false;
     const float f = freqAtX(e->pos().x());
-    const bool changed = f != d->curFreq;
-    d->curFreq = f;
-    update();
-    if (changed)
+    d->awaiting = f != d->curFreq;
+    d->requestedFreq = f;
+    if (d->awaiting)
+        d->confirmTimer.start(ConfirmMs, Qt::CoarseTimer, this);
+    else
+        d->confirmTimer.stop();
+    updatePointer(oldX);
+    if (d->awaiting)
         emit freqChangedSgl(f);
+}
+
+// The tuner did not take the requested frequency: show the current one.
+void MRadioSlider::timerEvent(QTimerEvent* e)
+{
+    if (e->timerId() != d->confirmTimer.timerId()) {
+        QWidget::timerEvent(e);
+        return;
+    }
+    const int oldX = pointerX();
+    d->confirmTimer.stop();
+    d->awaiting = false;
+    updatePointer(oldX);
+}
+
+void MRadioSlider::resizeEvent(QResizeEvent* e)
+{
+    d->invalidateScale();
+    QWidget::resizeEvent(e);
+}
+
+bool MRadioSlider::event(QEvent* e)
+{
+    // The labels' font and the "scaleMode" property shape the scale.
+    if (e->type() == QEvent::FontChange || e->type() == QEvent::DynamicPropertyChange)
+        d->invalidateScale();
+    return QWidget::event(e);
+}
+
+QRect MRadioSlider::pointerRect(int x) const
+{
+    // The fallback needle with its glow and cap reaches 8 px to each side.
+    const int half = d->indicatePix.isNull() ? 8 : int(std::ceil(d->indicatePix.width() / d->indicatePix.devicePixelRatio() / 2.0));
+    return QRect(x - half - 2, 0, 2 * half + 5, height());
+}
+
+void MRadioSlider::updatePointer(int oldX)
+{
+    update(pointerRect(oldX));
+    update(pointerRect(pointerX()));
 }
 
 void MRadioSlider::paintEvent(QPaintEvent*)
 {
+    const qreal ratio = devicePixelRatioF();
+    if (!d->scaleValid || d->scale.size() != size() * ratio) {
+        d->scale = QPixmap(size() * ratio);
+        d->scale.setDevicePixelRatio(ratio);
+        d->scale.fill(Qt::transparent);
+        QPainter scalePainter(&d->scale);
+        paintScale(scalePainter);
+        d->scaleValid = true;
+    }
     QPainter p(this);
+    p.drawPixmap(0, 0, d->scale);
+    p.setRenderHint(QPainter::Antialiasing);
+    paintPointer(p);
+}
+
+void MRadioSlider::paintScale(QPainter& p) const
+{
+    p.setFont(font());
     p.setRenderHint(QPainter::Antialiasing);
     p.setRenderHint(QPainter::TextAntialiasing);
 
@@ -393,6 +498,11 @@ void MRadioSlider::paintEvent(QPaintEvent*)
         }
     }
 
+}
+
+void MRadioSlider::paintPointer(QPainter& p) const
+{
+    const int baseY = d->marginY + height() + d->scaleMarginY;
     const int px = pointerX();
     if (!d->indicatePix.isNull()) {
         const QSize size = d->indicatePix.size() / d->indicatePix.devicePixelRatio();

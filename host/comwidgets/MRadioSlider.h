@@ -13,8 +13,11 @@
 // 10 kHz, AM in kHz). With isFM the scale multiplies by 100 on the way in
 // and divides on the way out. A user position snaps to the nearest step
 // from freqStart and is clamped to the range; freqChangedSgl is emitted
-// once when the finger is lifted (only if the value changed), and the
-// pointer follows the finger while dragging.
+// once when the finger is lifted (only if the value differs from curFreq),
+// and the pointer follows the finger while dragging. After the drag the
+// pointer waits at the requested frequency for the tuner's answer: the next
+// curFreq takes it over, and without one it returns to curFreq after
+// ConfirmMs. curFreq itself only ever comes from outside.
 //
 // Dynamic property "scaleMode": 1 draws the ticks only; any other value
 // (or none) draws the ticks with their labels.
@@ -34,6 +37,8 @@ class MRadioSlider : public QWidget
     Q_PROPERTY(int scaleMarginY READ scaleMarginY WRITE setScaleMarginY)
 
 public:
+    static const int ConfirmMs = 1500;
+
     explicit MRadioSlider(QWidget* parent = nullptr);
     ~MRadioSlider() override;
 
@@ -70,7 +75,8 @@ public:
     int scaleLeft() const;
     int scaleRight() const;
     // Where the pointer is drawn: the finger's snapped position while
-    // dragging, else curFreq.
+    // dragging, the requested frequency while its answer is awaited, else
+    // curFreq.
     int pointerX() const;
     bool isDragging() const;
 
@@ -86,6 +92,9 @@ protected:
     void mousePressEvent(QMouseEvent* e) override;
     void mouseMoveEvent(QMouseEvent* e) override;
     void mouseReleaseEvent(QMouseEvent* e) override;
+    void timerEvent(QTimerEvent* e) override;
+    void resizeEvent(QResizeEvent* e) override;
+    bool event(QEvent* e) override;
 
 private:
     double unitFactor() const;
@@ -93,6 +102,11 @@ private:
     double highTuner() const;
     double snapTuner(double v) const;
     QString labelText(qint64 milli) const;
+    void paintScale(QPainter& p) const;
+    void paintPointer(QPainter& p) const;
+    // The strip the pointer covers at x, and its repaint after a move.
+    QRect pointerRect(int x) const;
+    void updatePointer(int oldX);
 
     struct Private;
     Private* d;

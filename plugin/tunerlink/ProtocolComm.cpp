@@ -28,13 +28,8 @@ const socklen_t kPeerLen = 13;
 const unsigned kFirstRetryMs = 100;
 const unsigned kMaxRetryMs = 5000;
 
-// A service that stops reading must not hold the GUI thread (or Stop(),
-// which waits for the send lock) for long: a frame that cannot be queued
-// within this time is lost like any other failed send.
-const int kSendTimeoutMs = 1000;
-
-// Every line goes out at once: the link's output is read line by line by
-// whoever watches the head unit, often through a pipe.
+// The link's own events go out at once: its output is read line by line
+// by whoever watches the head unit, often through a pipe.
 void logLine(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
 void logLine(const char* fmt, ...)
 {
@@ -80,7 +75,8 @@ ProtocolComm::ProtocolComm()
       m_pRadioModule(nullptr),
       m_wake{-1, -1},
       m_connected(false),
-      m_readerStarted(false)
+      m_readerStarted(false),
+      m_logToTerminal(isatty(STDOUT_FILENO) != 0)
 {
     m_addr.sun_family = AF_UNIX;
     std::strncpy(m_addr.sun_path, kOwnPath, sizeof m_addr.sun_path - 1);
@@ -162,6 +158,8 @@ void ProtocolComm::halt()
         if (fd >= 0)
             shutdown(fd, SHUT_RDWR);
     }
+    // A reader waiting for the GUI thread to catch up leaves at once.
+    m_pTuner.wakeWaiting();
     if (m_wake[1] >= 0) {
         const char wake = 1;
         if (write(m_wake[1], &wake, 1) < 0 && errno != EAGAIN)
@@ -180,8 +178,6 @@ int ProtocolComm::openSocket()
     const int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (fd < 0)
         return fd;
-    const timeval timeout{kSendTimeoutMs / 1000, (kSendTimeoutMs % 1000) * 1000};
-    setsockopt(fd, SOL_SOCKET, SO_SNDTIMEO, &timeout, sizeof timeout);
     bind(fd, reinterpret_cast<const sockaddr*>(&m_addr), sizeof m_addr);
     return fd;
 }
@@ -289,7 +285,13 @@ void ProtocolComm::loop()
             continue;
         }
 
-        const ssize_t n = read(m_sock, bytes + have, sizeof record - have);
+        ssize_t n = recv(m_sock, bytes + have, sizeof record - have, MSG_DONTWAIT);
+        if (n < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) {
+            // Nothing more for now: the lines of the records read so far
+            // go out before the reader blocks.
+            fflush(stdout);
+            n = read(m_sock, bytes + have, sizeof record - have);
+        }
         if (n > 0) {
             have += static_cast<size_t>(n);
             if (have == sizeof record) {
@@ -314,12 +316,19 @@ void ProtocolComm::loop()
 void ProtocolComm::handOver(const tag_RadioCmdFromMCU& record)
 {
     // The kind ends the line so that the log stays one line per record.
+    // A terminal sees every line at once; a file or pipe gets them in
+    // blocks, flushed whenever the reader runs out of input.
     flockfile(stdout);
     printf("New msg:");
     printf("0x%x \n", record.cmd);
-    fflush(stdout);
+    if (m_logToTerminal)
+        fflush(stdout);
     funlockfile(stdout);
 
+    // Never more than a few records wait for the GUI thread: while they
+    // do, the reader stops reading and the socket slows the service down.
+    if (!m_pTuner.waitForRoom(m_runFlag))
+        return;
     if (!m_pTuner.deliver(record) && m_pRadioModule)
         m_pRadioModule->HandledTunerMsg(record);
 }
@@ -328,7 +337,9 @@ int ProtocolComm::writeAll(const void* data, int len)
 {
     const char* rest = static_cast<const char*>(data);
     while (len > 0) {
-        const ssize_t n = send(m_sock, rest, static_cast<size_t>(len), MSG_NOSIGNAL);
+        // A service that stops reading must not hold the GUI thread: what
+        // cannot be queued at once fails at once, like any failed send.
+        const ssize_t n = send(m_sock, rest, static_cast<size_t>(len), MSG_NOSIGNAL | MSG_DONTWAIT);
         if (n < 0 && errno == EINTR)
             continue;
         if (n <= 0)

@@ -35,7 +35,8 @@ public:
     // Wakes the reader, joins it and closes the socket; Start() may follow.
     void Stop();
     // 0 once all bytes are written (also for len <= 0), else the failing
-    // send result. Never raises SIGPIPE.
+    // send result. Never blocks (a full socket fails at once) and never
+    // raises SIGPIPE.
     int SendData(void* data, int len);
 
     void Tuner_Preset(int preset, bool longPress);
@@ -98,6 +99,8 @@ private:
     std::atomic<bool> m_connected;
     // Whether m_thread has to be joined; touched by Start/Stop only.
     bool m_readerStarted;
+    // Record lines are flushed one by one only for a terminal.
+    const bool m_logToTerminal;
 
     static ProtocolComm* m_s_ProtocolComm;
 };

@@ -4,6 +4,7 @@
 #include "RadioCmdFromMCU.h"
 
 #include <atomic>
+#include <condition_variable>
 #include <cstddef>
 #include <mutex>
 
@@ -15,9 +16,18 @@
 // controller is never destroyed while the reader is inside its
 // RecvedTunerMsg. Any class with a RecvedTunerMsg(tag_RadioCmdFromMCU)
 // member can be stored, which lets tests stand in for the controller.
+//
+// Backpressure: a controller that hands records on to another thread
+// reports each one with recordQueued() when it queues it and with
+// recordHandled() when it takes it up; the reader waits in waitForRoom()
+// while MaxQueued of them are outstanding, so the socket fills instead of
+// the GUI thread's queue. Storing a controller (or null) forgets the count:
+// the records a destroyed controller left queued are never handled.
 class TunerHandle
 {
 public:
+    static const int MaxQueued = 64;
+
     TunerHandle() = default;
     TunerHandle(const TunerHandle&) = delete;
     TunerHandle& operator=(const TunerHandle&) = delete;
@@ -43,6 +53,21 @@ public:
     // Returns false when no controller was set.
     bool deliver(const tag_RadioCmdFromMCU& msg);
 
+    // Reader thread: returns once the stored controller has fewer than
+    // MaxQueued records outstanding, none is stored any more, or running
+    // is 0 (then false). Never called with the delivery lock held, so
+    // clearing the controller always releases a waiting reader.
+    bool waitForRoom(const std::atomic<int>& running);
+    // Makes waiting readers look at their running flag again.
+    void wakeWaiting();
+
+    // Called by the stored controller: from inside its RecvedTunerMsg, and
+    // on its own thread. Calls from a controller not stored are ignored.
+    void recordQueued(const void* tuner);
+    void recordHandled(const void* tuner);
+    // Records queued and not yet handled by the stored controller.
+    int queuedCount() const;
+
 private:
     using DeliverFn = void (*)(void*, const tag_RadioCmdFromMCU&);
 
@@ -56,6 +81,12 @@ private:
     std::mutex m_lock;
     std::atomic<void*> m_obj{nullptr};
     DeliverFn m_fn = nullptr;
+
+    // Lock order: m_lock before m_queueLock.
+    mutable std::mutex m_queueLock;
+    std::condition_variable m_room;
+    const void* m_queueOwner = nullptr;
+    int m_queued = 0;
 };
 
 // The live controller, null when none exists.

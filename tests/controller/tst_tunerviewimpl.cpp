@@ -29,6 +29,7 @@
 #include <QtTest>
 
 #include <cstring>
+#include <thread>
 
 namespace {
 
@@ -119,6 +120,7 @@ private slots:
     void takeScreenOncePerProcess();
     void behaviour_data();
     void behaviour();
+    void floodWithControllersComingAndGoing();
 
 private:
     void create();
@@ -573,6 +575,41 @@ void tst_TunerViewImpl::behaviour()
     QCOMPARE(m_events, effects);
     for (const QString& expected : state)
         QTRY_COMPARE(observe(expected.section(QLatin1Char('='), 0, 0)), expected.section(QLatin1Char('='), 1));
+}
+
+// The service writes tune-info records as fast as the link takes them while
+// controllers are built and destroyed: nothing deadlocks, a controller sees
+// its records in arrival order, and none stays counted once they are gone.
+void tst_TunerViewImpl::floodWithControllersComingAndGoing()
+{
+    const int total = 20000;
+    std::atomic<bool> writing{true};
+    std::atomic<int> written{0};
+    std::thread writer([&] {
+        for (int i = 0; i < total && writing && m_service.writeRecord(record(QStringLiteral("tune(%1,0)").arg(9000 + i)));
+             written = ++i) {
+        }
+    });
+    for (int cycle = 0; cycle < 8; ++cycle) {
+        create();
+        float last = 0;
+        int handled = 0;
+        bool inOrder = true;
+        connect(m_ctl->tunerView(), &TunerView::sigRadioCurFreqChanged, this, [&](float f) {
+            inOrder = inOrder && f > last;
+            last = f;
+            ++handled;
+        });
+        QVERIFY(QTest::qWaitFor([&] { return handled >= 100 * (1 + cycle % 3) || written == total; }));
+        QVERIFY(inOrder);
+        QVERIFY(m_pTuner.queuedCount() <= TunerHandle::MaxQueued);
+        delete m_ctl;
+        m_ctl = nullptr;
+        QCOMPARE(m_pTuner.queuedCount(), 0);
+    }
+    writing = false;
+    writer.join();
+    m_events.clear();
 }
 
 QTEST_MAIN(tst_TunerViewImpl)

@@ -4,10 +4,13 @@
 #include "ProtocolComm.h"
 #include "RadioModule.h"
 #include "RecordingController.h"
+#include "RadioCmdMetaType.h"
 
 #include <QtTest>
 
 #include <cerrno>
+#include <deque>
+#include <mutex>
 #include <cstring>
 #include <memory>
 #include <random>
@@ -94,6 +97,12 @@ private slots:
     void handOver();
     void reconnect_data();
     void reconnect();
+
+    // Backpressure and hardening (definitions at the end of the file).
+    void queuedHandOver_data();
+    void queuedHandOver();
+    void recordWithoutSourceIsZero();
+    void fullSocketFailsAtOnce();
 
 private:
     ProtocolComm* startLink(bool serviceUp);
@@ -322,6 +331,130 @@ void tst_ProtocolComm::reconnect()
     QVERIFY(got.size() == 1 && same(got[0], fresh));
     QCOMPARE(m_service->acceptedCount(), accepted + 1);
     QCOMPARE(out.lines().filter(QStringLiteral("-radio socket read failed")), errors);
+}
+
+// ---- Backpressure and hardening ----
+
+namespace {
+
+// Hands records on to another thread as the real controller does through its
+// queued signal; the test takes them up.
+struct QueueingController {
+    void RecvedTunerMsg(tag_RadioCmdFromMCU msg)
+    {
+        std::lock_guard<std::mutex> guard(lock);
+        m_pTuner.recordQueued(this);
+        queue.push_back(msg);
+        maxQueued = std::max(maxQueued, int(queue.size()));
+    }
+    bool takeOne(tag_RadioCmdFromMCU* msg)
+    {
+        std::lock_guard<std::mutex> guard(lock);
+        if (queue.empty())
+            return false;
+        *msg = queue.front();
+        queue.pop_front();
+        m_pTuner.recordHandled(this);
+        return true;
+    }
+    std::mutex lock;
+    std::deque<tag_RadioCmdFromMCU> queue;
+    int maxQueued = 0;
+};
+
+// Writes records 0, 1, ... from a thread of its own; a write that finds the
+// link gone for good fails and ends it.
+struct Flood {
+    Flood(FakeTunerService* service, uint32_t count)
+        : writer([=] {
+              for (uint32_t i = 0; i < count && service->writeRecord(record(MCU_SIGNAL, i)); ++i) {
+              }
+          })
+    {
+    }
+    ~Flood() { writer.join(); }
+    std::thread writer;
+};
+
+enum FloodEnd { TakenUp, ControllerGone, LinkStopped };
+
+} // namespace
+
+void tst_ProtocolComm::queuedHandOver_data()
+{
+    QTest::addColumn<int>("end");
+    QTest::newRow("taken up one by one") << int(TakenUp);
+    QTest::newRow("controller destroyed") << int(ControllerGone);
+    QTest::newRow("link stopped") << int(LinkStopped);
+}
+
+// The reader stops at 64 records queued; it goes on as they are taken up,
+// and a controller that goes away or a Stop() releases it.
+void tst_ProtocolComm::queuedHandOver()
+{
+    QFETCH(int, end);
+    m_module.reset(new RadioModule);
+    hvappframework::ModuleManager::self()->addModule(
+        QSharedPointer<hvappframework::Module>::create(QStringLiteral("radio"), m_module.get()));
+    QueueingController controller;
+    m_pTuner = &controller;
+    ProtocolComm* link = startLink(true);
+    QVERIFY(link);
+    const uint32_t total = 1000;
+    Flood flood(m_service.get(), total);
+    QTRY_COMPARE(m_pTuner.queuedCount(), TunerHandle::MaxQueued);
+    QCOMPARE(int(controller.queue.size()), TunerHandle::MaxQueued);
+    if (end == LinkStopped)
+        link->Stop();
+    if (end != TakenUp)
+        m_pTuner = nullptr;
+    if (end == LinkStopped)
+        return;
+
+    QList<tag_RadioCmdFromMCU> rest;
+    if (end == ControllerGone) {
+        QTRY_COMPARE(uint32_t(m_module->receivedCount()), total - TunerHandle::MaxQueued);
+        rest = m_module->receivedMsgs();
+    } else {
+        for (tag_RadioCmdFromMCU msg; uint32_t(rest.size()) < total; rest << msg)
+            QVERIFY(QTest::qWaitFor([&] { return controller.takeOne(&msg); }));
+        QCOMPARE(controller.maxQueued, TunerHandle::MaxQueued);
+    }
+    const uint32_t first = total - uint32_t(rest.size());
+    for (int i = 0; i < rest.size(); ++i)
+        QVERIFY(same(rest[i], record(MCU_SIGNAL, first + uint32_t(i))));
+    QCOMPARE(m_pTuner.queuedCount(), 0);
+}
+
+void tst_ProtocolComm::recordWithoutSourceIsZero()
+{
+    const int id = qRegisterMetaType<RadioCmdFromMCU_T>("RadioCmdFromMCU_T");
+    const QByteArray zeros(sizeof(tag_RadioCmdFromMCU), '\0');
+    QByteArray storage(sizeof(tag_RadioCmdFromMCU), '\xA5');
+    QMetaType::destruct(id, QMetaType::construct(id, storage.data(), nullptr));
+    QCOMPARE(storage, zeros);
+    void* made = QMetaType::create(id);
+    QCOMPARE(QByteArray(static_cast<const char*>(made), zeros.size()), zeros);
+    QMetaType::destroy(id, made);
+}
+
+// The service stops reading: once its socket is full a command fails with
+// the log line at once instead of waiting for room.
+void tst_ProtocolComm::fullSocketFailsAtOnce()
+{
+    ProtocolComm* link = startLink(true);
+    QVERIFY(link);
+    m_service->setReading(false);
+    OutputCapture out;
+    QElapsedTimer clock;
+    qint64 slowest = 0;
+    for (int sent = 0; sent < 100000 && out.lines().count(QLatin1String(kFail)) == 0; ++sent) {
+        clock.start();
+        link->Tuner_Scan();
+        slowest = std::max(slowest, clock.elapsed());
+    }
+    QCOMPARE(out.lines().count(QLatin1String(kFail)), 1);
+    QVERIFY2(slowest < 500, qPrintable(QString::number(slowest)));
 }
 
 QTEST_GUILESS_MAIN(tst_ProtocolComm)

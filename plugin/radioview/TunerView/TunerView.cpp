@@ -326,14 +326,16 @@ void TunerView::Tuner_UI_CurPreset(unsigned char curPreset)
     qDebug() << "Tuner_UI_CurPreset" << __LINE__ << "=========>curPreset" << curPreset;
     if (curPreset > 6)
         return;
-    for (int i = 0; i < 6 && i < m_presetBtnList.size(); ++i)
-        if (HvIconButton* button = m_presetBtnList.at(i))
-            button->setIsDown(false);
-    if (curPreset >= 1 && curPreset - 1 < m_presetBtnList.size()) {
-        if (HvIconButton* button = m_presetBtnList.at(curPreset - 1)) {
-            button->setIsDown(true);
+    // Each key goes straight to its state, so a key that stays down is not
+    // released and pressed (and repainted twice) on every tune-info record.
+    for (int i = 0; i < 6 && i < m_presetBtnList.size(); ++i) {
+        HvIconButton* button = m_presetBtnList.at(i);
+        if (!button)
+            continue;
+        const bool current = i == curPreset - 1;
+        button->setIsDown(current);
+        if (current)
             button->setIsLock(true);
-        }
     }
 }
 
@@ -410,9 +412,12 @@ void TunerView::setIndicator(QLabel* label, const QColor& colour)
 {
     if (!label)
         return;
-    QPalette palette;
-    palette.setColor(QPalette::WindowText, colour);
-    label->setPalette(palette);
+    // Most RDS flag records repeat the indicators' colours.
+    if (label->palette().color(QPalette::WindowText) != colour) {
+        QPalette palette;
+        palette.setColor(QPalette::WindowText, colour);
+        label->setPalette(palette);
+    }
     if (label->isHidden())
         label->show();
 }

@@ -5,6 +5,7 @@
 #include "ProtocolComm.h"
 #include "RadioEmptyView.h"
 #include "RadioKeypad.h"
+#include "TunerHandle.h"
 #include "TunerView.h"
 
 #include "ActivityManager.h"
@@ -90,6 +91,7 @@ TunerViewImpl::TunerViewImpl(QWidget* parent) : BaseView(QStringLiteral("radiovi
 
     connect(this, SIGNAL(sglRecvedTunerMsg(RadioCmdFromMCU_T)), this, SLOT(HandleTunerMsgSlot(RadioCmdFromMCU_T)),
             Qt::QueuedConnection);
+    m_bHandOverWired = true;
     connect(this, SIGNAL(sigRadioInfoOK()), this, SLOT(showRadioViewSlot()));
     connect(m_pBaseBar, SIGNAL(btnClickedSig(QString)), this, SLOT(controlBarPressed(QString)));
     if (BaseControl* control = BaseControl::getInstance()) {
@@ -199,11 +201,16 @@ void TunerViewImpl::initWidget()
 
 void TunerViewImpl::RecvedTunerMsg(tag_RadioCmdFromMCU msg)
 {
+    // Only a record that will reach HandleTunerMsgSlot counts against the
+    // reader's limit; the ones emitted before the wiring are lost.
+    if (m_bHandOverWired)
+        m_pTuner.recordQueued(this);
     emit sglRecvedTunerMsg(msg);
 }
 
 void TunerViewImpl::HandleTunerMsgSlot(RadioCmdFromMCU_T msg)
 {
+    m_pTuner.recordHandled(this);
     TunerView* view = m_pTunerView;
     if (!view)
         return;

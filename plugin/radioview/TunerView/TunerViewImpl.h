@@ -5,6 +5,8 @@
 #include "RadioCmdMetaType.h"
 #include "RadioInfo.h"
 
+#include <atomic>
+
 class AuxinModule;
 class BaseBar;
 class ProtocolComm;
@@ -150,6 +152,9 @@ private:
     unsigned int m_radioFlag = 0;
     int m_radioRegion = 12;
     int m_requestTimerId = 0;
+    // Set once sglRecvedTunerMsg reaches HandleTunerMsgSlot; read by the
+    // reader thread.
+    std::atomic<bool> m_bHandOverWired{false};
 };
 
 #endif
