@@ -1,0 +1,240 @@
+// The head unit switching its display language live, on the real radio
+// screen against the tuner simulator: one Czech FM station (PTY Classics,
+// Czech radio text in RDS character-set codes), a second FM station that
+// replays a real station's RDS log when the shared data is there, and one
+// AM station.
+#include "BaseBar.h"
+#include "ControlCommands.h"
+#include "HeadUnitOptions.h"
+#include "HeadUnitShell.h"
+#include "HeadUnitWindow.h"
+#include "HostInputs.h"
+#include "HostState.h"
+#include "HvIconButton.h"
+#include "HvRollingText.h"
+#include "LanguageSwitch.h"
+#include "PtyNames.h"
+#include "SyntheticInput.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest>
+
+namespace {
+
+const char* const LineUp = "freq,ps,pty,tp,rt,signal\n"
+                           "88.0,R-VLTAVA,14,0,\\xCBesk\\xF5 rozhlas Vltava: Dvo\\xDA\\x80k a Jan\\x80\\xDBek,70\n"
+                           "95.0,,0,0,,60\n"
+                           "999,,0,0,,60\n";
+// Bayern 1, 2019: its radio text carries an RDS-coded o-umlaut.
+const char* const RealLog = "walczakp-rds-spy-logs/Germany/D311_-_2019-05-04_15-05-13.spy";
+const int Timeout = 20000;
+
+QString translated(const char* context, const char* text)
+{
+    return QCoreApplication::translate(context, text);
+}
+
+} // namespace
+
+class tst_LanguageSwitch : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void followsLanguage_data();
+    void followsLanguage();
+    void stereoLabelKeepsTranslatedTextUntilNextUpdate();
+    void radioTextDiacritics_data();
+    void radioTextDiacritics();
+    void asPsBlinkInDarkPhaseShowsTextAgain();
+
+private:
+    template <class T = QWidget>
+    T* widget(const QString& name) const
+    {
+        return qobject_cast<T*>(SyntheticInput::findWidget(m_shell->window(), name));
+    }
+    QString text(const QString& name) const;
+    // Switches at once: only the posted LanguageChange events are
+    // delivered, no timer runs.
+    void switchTo(const QString& language);
+
+    QTemporaryDir m_dir;
+    QProcess m_sim;
+    HeadUnitShell* m_shell = nullptr;
+    bool m_realLog = false;
+};
+
+QString tst_LanguageSwitch::text(const QString& name) const
+{
+    QWidget* w = SyntheticInput::findWidget(m_shell->window(), name);
+    if (auto* label = qobject_cast<QLabel*>(w))
+        return label->text();
+    if (auto* button = qobject_cast<HvIconButton*>(w))
+        return button->displayText();
+    if (auto* rolling = qobject_cast<HvRollingText*>(w))
+        return rolling->text();
+    return w ? w->property("text").toString() : QStringLiteral("<no %1>").arg(name);
+}
+
+void tst_LanguageSwitch::switchTo(const QString& language)
+{
+    QVERIFY(m_shell->languages()->setLanguage(language));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
+}
+
+void tst_LanguageSwitch::initTestCase()
+{
+    QFile lineUp(m_dir.filePath(QStringLiteral("lineup.csv")));
+    QVERIFY(lineUp.open(QIODevice::WriteOnly) && lineUp.write(LineUp) > 0);
+    lineUp.close();
+    QStringList args{QStringLiteral("--lineup"), lineUp.fileName(), QStringLiteral("--rds-speed"), QStringLiteral("20")};
+    const QString log = qEnvironmentVariable("RADIO_SHARED_DATA") + QStringLiteral("/rds/") + QLatin1String(RealLog);
+    m_realLog = QFile::exists(log);
+    if (m_realLog)
+        args << QStringLiteral("--rds") << QStringLiteral("95.0=") + log;
+    m_sim.start(QStringLiteral(TUNERSIM_BIN), args);
+    QVERIFY(m_sim.waitForStarted());
+    const auto listening = []() {
+        QFile sockets(QStringLiteral("/proc/net/unix"));
+        return sockets.open(QIODevice::ReadOnly) && sockets.readAll().contains(" @kestrelhub\n");
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(listening(), Timeout);
+
+    HeadUnitOptions options;
+    QString error;
+    QVERIFY2(options.parse({QStringLiteral("hu"), QStringLiteral("--lang"), QStringLiteral("en"),
+                            QStringLiteral("--settings"), m_dir.filePath(QStringLiteral("settings.ini"))},
+                           &error),
+             qPrintable(error));
+    m_shell = new HeadUnitShell(options, this);
+    QCOMPARE(m_shell->start(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(text(QStringLiteral("PSDisp")), QStringLiteral("R-VLTAVA"), Timeout);
+    // The keypad and the home screen exist from their first use on.
+    SyntheticInput::click(widget(QStringLiteral("Keyboard")));
+    QTRY_VERIFY(widget(QStringLiteral("Keypad_OK"))->isVisible());
+    SyntheticInput::click(widget(QStringLiteral("Keypad_Close")));
+    QVERIFY(m_shell->inputs()->switchTo(QStringLiteral("home")));
+    QVERIFY(m_shell->inputs()->switchTo(QStringLiteral("radio")));
+}
+
+void tst_LanguageSwitch::cleanupTestCase()
+{
+    delete m_shell;
+    m_sim.terminate();
+    m_sim.waitForFinished();
+}
+
+void tst_LanguageSwitch::followsLanguage_data()
+{
+    QTest::addColumn<QString>("input");
+    QTest::addColumn<QString>("language");
+    // In this order: each input switches from the language the row before
+    // left, the home screen's button and Ctrl+L to the next one.
+    QTest::newRow("de by control command") << "control" << "de";
+    QTest::newRow("fr by host input") << "input" << "fr";
+    QTest::newRow("cs by home screen button") << "button" << "cs";
+    QTest::newRow("back to en by Ctrl+L") << "shortcut" << "en";
+}
+
+void tst_LanguageSwitch::followsLanguage()
+{
+    QFETCH(QString, input);
+    QFETCH(QString, language);
+    const QStringList fixed{QStringLiteral("AFDisp"),  QStringLiteral("TADisp"),    QStringLiteral("TPDisp"),
+                            QStringLiteral("BandName"), QStringLiteral("MKHz"),     QStringLiteral("FMicon"),
+                            QStringLiteral("AMicon"),  QStringLiteral("af_label"),  QStringLiteral("ta_label"),
+                            QStringLiteral("REG_label"), QStringLiteral("LOC_label"), QStringLiteral("FreqDisp")};
+    QStringList before;
+    for (const QString& name : fixed)
+        before << text(name);
+
+    if (input == QLatin1String("control")) {
+        ControlCommands commands(m_shell->window(), m_shell->inputs(), nullptr, QString());
+        QCOMPARE(commands.execute(QStringLiteral("host language ") + language),
+                 QStringLiteral("ok host language ") + language);
+    } else if (input == QLatin1String("input")) {
+        QVERIFY(m_shell->inputs()->setLanguage(language));
+    } else if (input == QLatin1String("button")) {
+        QVERIFY(m_shell->inputs()->switchTo(QStringLiteral("home")));
+        widget<QPushButton>(QStringLiteral("LanguageKey"))->click();
+        QVERIFY(m_shell->inputs()->switchTo(QStringLiteral("radio")));
+    } else {
+        QTest::keyClick(m_shell->window(), Qt::Key_L, Qt::ControlModifier);
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
+
+    QCOMPARE(m_shell->languages()->language(), language);
+    QCOMPARE(m_shell->dumpDocument()[QStringLiteral("host")].toObject()[QStringLiteral("language")].toString(), language);
+    QCOMPARE(m_shell->window()->findChild<BaseBar*>()->currentTitle(), translated("TunerViewImpl", "Radio"));
+    QCOMPARE(text(QStringLiteral("PTYDisp")), translated("QObject", "Classics"));
+    QCOMPARE(text(QStringLiteral("PTYDisp")) == QLatin1String("Classics"), language == QLatin1String("en"));
+    QCOMPARE(text(QStringLiteral("txtFAM")), translated("RadioKeypad", "FM:"));
+    QCOMPARE(text(QStringLiteral("txtFAM")) == QLatin1String("FM:"), language == QLatin1String("en"));
+    QCOMPARE(text(QStringLiteral("Keypad_OK")), translated("RadioKeypad", "OK"));
+    QCOMPARE(text(QStringLiteral("Keypad_Close")), translated("RadioKeypad", "BACK"));
+    QCOMPARE(text(QStringLiteral("HomeTitle")), translated("HomeScreen", "Home"));
+    QCOMPARE(text(QStringLiteral("RadioTile")), translated("QObject", "Radio"));
+    QVERIFY(text(QStringLiteral("LanguageKey")).endsWith(LanguageSwitch::nativeName(language)));
+    for (int i = 0; i < fixed.size(); ++i)
+        QCOMPARE(text(fixed.at(i)), before.at(i));
+    for (const QString& name : PTY_NAMES)
+        QVERIFY2(translated("QObject", name.toUtf8().constData()).size() <= 8, qPrintable(name));
+
+}
+
+void tst_LanguageSwitch::stereoLabelKeepsTranslatedTextUntilNextUpdate()
+{
+    m_shell->inputs()->amKey();
+    QTRY_VERIFY(text(QStringLiteral("BandName")).startsWith(QLatin1String("AM")));
+    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QString());
+    switchTo(QStringLiteral("cs"));
+    QCOMPARE(text(QStringLiteral("STDispLabel")), translated("RadioMain", "ST"));
+    SyntheticInput::click(widget(QStringLiteral("StepUp")));
+    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QString());
+    switchTo(QStringLiteral("en"));
+    m_shell->inputs()->fmKey();
+    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QStringLiteral("ST"));
+}
+
+void tst_LanguageSwitch::radioTextDiacritics_data()
+{
+    QTest::addColumn<QString>("preset");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("Czech station") << "PS1" << QStringLiteral("Český rozhlas Vltava: Dvořák a Janáček");
+    QTest::newRow("real station's log") << "PS2" << QStringLiteral("Kostenloses Hörertelefon");
+}
+
+void tst_LanguageSwitch::radioTextDiacritics()
+{
+    QFETCH(QString, preset);
+    QFETCH(QString, expected);
+    if (preset == QLatin1String("PS2") && !m_realLog)
+        QSKIP("no RDS logs under RADIO_SHARED_DATA");
+    switchTo(QStringLiteral("cs"));
+    SyntheticInput::click(widget(preset));
+    QTRY_VERIFY_WITH_TIMEOUT(text(QStringLiteral("RTDisp")).startsWith(expected), Timeout);
+    switchTo(QStringLiteral("en"));
+}
+
+void tst_LanguageSwitch::asPsBlinkInDarkPhaseShowsTextAgain()
+{
+    // Preset scan: the host starts and stops it through the controller's
+    // slot; it blinks "PS" while it runs.
+    QWidget* controller = HostState::radioController();
+    auto* label = widget<QLabel>(QStringLiteral("AS_PS_DispLabel"));
+    QVERIFY(QMetaObject::invokeMethod(controller, "PSPressed", Q_ARG(QString, QString())));
+    QTRY_COMPARE(label->text(), QStringLiteral("PS"));
+    QTRY_COMPARE(label->text(), QString());
+    switchTo(QStringLiteral("fr"));
+    QCOMPARE(label->text(), QStringLiteral("PS"));
+    switchTo(QStringLiteral("en"));
+    QVERIFY(QMetaObject::invokeMethod(controller, "PSPressed", Q_ARG(QString, QString())));
+    QTRY_COMPARE(label->text(), QString());
+}
+
+QTEST_MAIN(tst_LanguageSwitch)
+#include "tst_languageswitch.moc"
