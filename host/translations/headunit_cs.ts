@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="cs_CZ">
 <context>
+    <name>BaseBar</name>
+    <message>
+        <source>Home</source>
+        <translation>Domů</translation>
+    </message>
+</context>
+<context>
     <name>HomeScreen</name>
     <message>
         <source>Home</source>
@@ -95,7 +102,7 @@
     </message>
     <message>
         <source>Audio stream on/off</source>
-        <translation>Zvukový stream zap./vyp.</translation>
+        <translation>Stream zap./vyp.</translation>
     </message>
     <message>
         <source>Region -1</source>
@@ -119,7 +126,7 @@
     </message>
     <message>
         <source>Mute on/off</source>
-        <translation>Ztlumení zap./vyp.</translation>
+        <translation>Ztlumení</translation>
     </message>
     <message>
         <source>Power key</source>

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>BaseBar</name>
+    <message>
+        <source>Home</source>
+        <translation>Start</translation>
+    </message>
+</context>
+<context>
     <name>HomeScreen</name>
     <message>
         <source>Home</source>
@@ -107,7 +114,7 @@
     </message>
     <message>
         <source>Reversing on/off</source>
-        <translation>Rückwärtsgang ein/aus</translation>
+        <translation>Rückwärts ein/aus</translation>
     </message>
     <message>
         <source>Temperature -1 °C</source>
@@ -119,7 +126,7 @@
     </message>
     <message>
         <source>Mute on/off</source>
-        <translation>Stummschaltung ein/aus</translation>
+        <translation>Stumm ein/aus</translation>
     </message>
     <message>
         <source>Power key</source>
@@ -256,7 +263,7 @@
     </message>
     <message>
         <source>Reset</source>
-        <translation>Zurücksetzen</translation>
+        <translation>Neutral</translation>
     </message>
     <message>
         <source>Back</source>

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr_FR">
 <context>
+    <name>BaseBar</name>
+    <message>
+        <source>Home</source>
+        <translation>Accueil</translation>
+    </message>
+</context>
+<context>
     <name>HomeScreen</name>
     <message>
         <source>Home</source>
@@ -40,11 +47,11 @@
     </message>
     <message>
         <source>Power key</source>
-        <translation>Touche marche/arrêt</translation>
+        <translation>Marche/arrêt</translation>
     </message>
     <message>
         <source>Set temperature</source>
-        <translation>Définir la température</translation>
+        <translation>Régler la temp.</translation>
     </message>
     <message>
         <source>Reversing</source>
@@ -95,7 +102,7 @@
     </message>
     <message>
         <source>Audio stream on/off</source>
-        <translation>Flux audio marche/arrêt</translation>
+        <translation>Flux audio</translation>
     </message>
     <message>
         <source>Region -1</source>
@@ -107,7 +114,7 @@
     </message>
     <message>
         <source>Reversing on/off</source>
-        <translation>Marche arrière oui/non</translation>
+        <translation>Marche arrière</translation>
     </message>
     <message>
         <source>Temperature -1 °C</source>
@@ -119,11 +126,11 @@
     </message>
     <message>
         <source>Mute on/off</source>
-        <translation>Sourdine marche/arrêt</translation>
+        <translation>Sourdine</translation>
     </message>
     <message>
         <source>Power key</source>
-        <translation>Touche marche/arrêt</translation>
+        <translation>Marche/arrêt</translation>
     </message>
     <message>
         <source>Next language</source>
@@ -256,7 +263,7 @@
     </message>
     <message>
         <source>Reset</source>
-        <translation>Réinitialiser</translation>
+        <translation>Réinit.</translation>
     </message>
     <message>
         <source>Back</source>

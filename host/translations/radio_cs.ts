@@ -144,7 +144,7 @@
     </message>
     <message>
         <source>BACK</source>
-        <translation>ZPĚT</translation>
+        <translation>Zpět</translation>
     </message>
     <message>
         <source>FM:</source>

@@ -144,7 +144,7 @@
     </message>
     <message>
         <source>BACK</source>
-        <translation>ZURÜCK</translation>
+        <translation>Zurück</translation>
     </message>
     <message>
         <source>FM:</source>

@@ -144,15 +144,15 @@
     </message>
     <message>
         <source>BACK</source>
-        <translation>RETOUR</translation>
+        <translation>Retour</translation>
     </message>
     <message>
         <source>FM:</source>
-        <translation>FM&#xa0;:</translation>
+        <translation>FM :</translation>
     </message>
     <message>
         <source>AM:</source>
-        <translation>PO&#xa0;:</translation>
+        <translation>PO :</translation>
     </message>
 </context>
 <context>
