@@ -111,7 +111,8 @@ void TestControlCommands::replies_data()
     QTest::newRow("region out of range") << "host region 24" << "error host region 24: region must be 0 to 23" << true;
     QTest::newRow("stream bad word") << "host stream maybe"
                                      << "error host stream maybe: usage: host region N | fm | am | next | prev | "
-                                        "stream on|off | power | reversing on|off | temperature C | mute on|off" << false;
+                                        "stream on|off | power | reversing on|off | temperature C | mute on|off | "
+                                        "language en|de|fr|cs" << false;
     QTest::newRow("unknown activity") << "activity navigation" << "error activity navigation: no such activity" << true;
     QTest::newRow("unknown verb") << "jump PS2" << "error jump PS2: unknown command" << false;
     QTest::newRow("empty") << "   " << "error : empty command" << false;

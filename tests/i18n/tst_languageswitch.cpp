@@ -1,8 +1,6 @@
 // The head unit switching its display language live, on the real radio
-// screen against the tuner simulator: one Czech FM station (PTY Classics,
-// Czech radio text in RDS character-set codes), a second FM station that
-// replays a real station's RDS log when the shared data is there, and one
-// AM station.
+// screen against the simulator: a Czech FM station, an FM station replaying
+// a real station's RDS log (when the shared data is there), an AM station.
 #include "BaseBar.h"
 #include "ControlCommands.h"
 #include "HeadUnitOptions.h"
@@ -46,17 +44,12 @@ private slots:
     void cleanupTestCase();
     void followsLanguage_data();
     void followsLanguage();
-    void stereoLabelKeepsTranslatedTextUntilNextUpdate();
     void radioTextDiacritics_data();
     void radioTextDiacritics();
-    void asPsBlinkInDarkPhaseShowsTextAgain();
+    void stereoAndAsPsQuirks();
 
 private:
-    template <class T = QWidget>
-    T* widget(const QString& name) const
-    {
-        return qobject_cast<T*>(SyntheticInput::findWidget(m_shell->window(), name));
-    }
+    QWidget* widget(const QString& name) const { return SyntheticInput::findWidget(m_shell->window(), name); }
     QString text(const QString& name) const;
     // Switches at once: only the posted LanguageChange events are
     // delivered, no timer runs.
@@ -70,7 +63,7 @@ private:
 
 QString tst_LanguageSwitch::text(const QString& name) const
 {
-    QWidget* w = SyntheticInput::findWidget(m_shell->window(), name);
+    QWidget* w = widget(name);
     if (auto* label = qobject_cast<QLabel*>(w))
         return label->text();
     if (auto* button = qobject_cast<HvIconButton*>(w))
@@ -89,8 +82,7 @@ void tst_LanguageSwitch::switchTo(const QString& language)
 void tst_LanguageSwitch::initTestCase()
 {
     QFile lineUp(m_dir.filePath(QStringLiteral("lineup.csv")));
-    QVERIFY(lineUp.open(QIODevice::WriteOnly) && lineUp.write(LineUp) > 0);
-    lineUp.close();
+    QVERIFY(lineUp.open(QIODevice::WriteOnly) && lineUp.write(LineUp) > 0 && lineUp.flush());
     QStringList args{QStringLiteral("--lineup"), lineUp.fileName(), QStringLiteral("--rds-speed"), QStringLiteral("20")};
     const QString log = qEnvironmentVariable("RADIO_SHARED_DATA") + QStringLiteral("/rds/") + QLatin1String(RealLog);
     m_realLog = QFile::exists(log);
@@ -144,10 +136,8 @@ void tst_LanguageSwitch::followsLanguage()
 {
     QFETCH(QString, input);
     QFETCH(QString, language);
-    const QStringList fixed{QStringLiteral("AFDisp"),  QStringLiteral("TADisp"),    QStringLiteral("TPDisp"),
-                            QStringLiteral("BandName"), QStringLiteral("MKHz"),     QStringLiteral("FMicon"),
-                            QStringLiteral("AMicon"),  QStringLiteral("af_label"),  QStringLiteral("ta_label"),
-                            QStringLiteral("REG_label"), QStringLiteral("LOC_label"), QStringLiteral("FreqDisp")};
+    const QStringList fixed = QStringLiteral("AFDisp TADisp TPDisp BandName MKHz FMicon AMicon af_label ta_label "
+                                             "REG_label LOC_label FreqDisp carplayBtn").split(QLatin1Char(' '));
     QStringList before;
     for (const QString& name : fixed)
         before << text(name);
@@ -160,7 +150,7 @@ void tst_LanguageSwitch::followsLanguage()
         QVERIFY(m_shell->inputs()->setLanguage(language));
     } else if (input == QLatin1String("button")) {
         QVERIFY(m_shell->inputs()->switchTo(QStringLiteral("home")));
-        widget<QPushButton>(QStringLiteral("LanguageKey"))->click();
+        qobject_cast<QPushButton*>(widget(QStringLiteral("LanguageKey")))->click();
         QVERIFY(m_shell->inputs()->switchTo(QStringLiteral("radio")));
     } else {
         QTest::keyClick(m_shell->window(), Qt::Key_L, Qt::ControlModifier);
@@ -176,6 +166,7 @@ void tst_LanguageSwitch::followsLanguage()
     QCOMPARE(text(QStringLiteral("txtFAM")) == QLatin1String("FM:"), language == QLatin1String("en"));
     QCOMPARE(text(QStringLiteral("Keypad_OK")), translated("RadioKeypad", "OK"));
     QCOMPARE(text(QStringLiteral("Keypad_Close")), translated("RadioKeypad", "BACK"));
+    QCOMPARE(text(QStringLiteral("homeBtn")), translated("BaseBar", "Home"));
     QCOMPARE(text(QStringLiteral("HomeTitle")), translated("HomeScreen", "Home"));
     QCOMPARE(text(QStringLiteral("RadioTile")), translated("QObject", "Radio"));
     QVERIFY(text(QStringLiteral("LanguageKey")).endsWith(LanguageSwitch::nativeName(language)));
@@ -183,21 +174,6 @@ void tst_LanguageSwitch::followsLanguage()
         QCOMPARE(text(fixed.at(i)), before.at(i));
     for (const QString& name : PTY_NAMES)
         QVERIFY2(translated("QObject", name.toUtf8().constData()).size() <= 8, qPrintable(name));
-
-}
-
-void tst_LanguageSwitch::stereoLabelKeepsTranslatedTextUntilNextUpdate()
-{
-    m_shell->inputs()->amKey();
-    QTRY_VERIFY(text(QStringLiteral("BandName")).startsWith(QLatin1String("AM")));
-    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QString());
-    switchTo(QStringLiteral("cs"));
-    QCOMPARE(text(QStringLiteral("STDispLabel")), translated("RadioMain", "ST"));
-    SyntheticInput::click(widget(QStringLiteral("StepUp")));
-    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QString());
-    switchTo(QStringLiteral("en"));
-    m_shell->inputs()->fmKey();
-    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QStringLiteral("ST"));
 }
 
 void tst_LanguageSwitch::radioTextDiacritics_data()
@@ -220,20 +196,31 @@ void tst_LanguageSwitch::radioTextDiacritics()
     switchTo(QStringLiteral("en"));
 }
 
-void tst_LanguageSwitch::asPsBlinkInDarkPhaseShowsTextAgain()
+void tst_LanguageSwitch::stereoAndAsPsQuirks()
 {
-    // Preset scan: the host starts and stops it through the controller's
-    // slot; it blinks "PS" while it runs.
+    // On a mono station the stereo label shows the translated "ST" until
+    // the next stereo update.
+    m_shell->inputs()->amKey();
+    QTRY_VERIFY(text(QStringLiteral("BandName")).startsWith(QLatin1String("AM")));
+    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QString());
+    switchTo(QStringLiteral("cs"));
+    QCOMPARE(text(QStringLiteral("STDispLabel")), translated("RadioMain", "ST"));
+    SyntheticInput::click(widget(QStringLiteral("StepUp")));
+    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QString());
+    m_shell->inputs()->fmKey();
+    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QStringLiteral("ST"));
+
+    // A preset scan (the host invokes the controller's slot) blinks "PS";
+    // a change in its dark phase shows the text again.
     QWidget* controller = HostState::radioController();
-    auto* label = widget<QLabel>(QStringLiteral("AS_PS_DispLabel"));
     QVERIFY(QMetaObject::invokeMethod(controller, "PSPressed", Q_ARG(QString, QString())));
-    QTRY_COMPARE(label->text(), QStringLiteral("PS"));
-    QTRY_COMPARE(label->text(), QString());
+    QTRY_COMPARE(text(QStringLiteral("AS_PS_DispLabel")), QStringLiteral("PS"));
+    QTRY_COMPARE(text(QStringLiteral("AS_PS_DispLabel")), QString());
     switchTo(QStringLiteral("fr"));
-    QCOMPARE(label->text(), QStringLiteral("PS"));
-    switchTo(QStringLiteral("en"));
+    QCOMPARE(text(QStringLiteral("AS_PS_DispLabel")), QStringLiteral("PS"));
     QVERIFY(QMetaObject::invokeMethod(controller, "PSPressed", Q_ARG(QString, QString())));
-    QTRY_COMPARE(label->text(), QString());
+    QTRY_COMPARE(text(QStringLiteral("AS_PS_DispLabel")), QString());
+    switchTo(QStringLiteral("en"));
 }
 
 QTEST_MAIN(tst_LanguageSwitch)
