@@ -3,6 +3,9 @@
 BUILD_DIR ?= build
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_ARGS ?=
+# Display language of the demo's head unit: en, de, fr or cs (empty: the
+# locale's). `make demo DEMO_LANG=de`.
+DEMO_LANG ?=
 
 .PHONY: all deps configure build test demo asan clean
 
@@ -21,7 +24,7 @@ test: build
 	cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)
 
 demo: build
-	./tools/demo.sh $(BUILD_DIR)
+	./tools/demo.sh $(BUILD_DIR) $(if $(DEMO_LANG),--lang $(DEMO_LANG))
 
 # The whole suite under AddressSanitizer and UBSan, in build-asan/. Leak
 # detection is off: Qt's offscreen platform keeps a screen object alive

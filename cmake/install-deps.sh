@@ -2,7 +2,7 @@
 # Installs the Debian packages the build, the tests and the demo need,
 # asking apt only for what is missing.
 set -e
-PACKAGES="cmake make g++ pkg-config qtbase5-dev qtbase5-dev-tools qttools5-dev-tools libqt5test5 fonts-dejavu-core xvfb xauth"
+PACKAGES="cmake make g++ pkg-config qtbase5-dev qtbase5-dev-tools qttools5-dev-tools qttools5-dev libqt5test5 fonts-dejavu-core xvfb xauth"
 missing=""
 for p in $PACKAGES; do
     if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then

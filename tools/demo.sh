@@ -4,6 +4,7 @@
 # unit runs its scripted tour offscreen and leaves one screenshot per step.
 #
 # Usage: tools/demo.sh <build-dir> [extra radio-headunit options]
+#        tools/demo.sh build --lang de      (the radio screen in German)
 set -eu
 
 if [ $# -lt 1 ]; then
@@ -76,5 +77,5 @@ if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
     exit "$status"
 fi
 
-echo "demo: starting the head unit (F1 home, F2 radio, Ctrl+Q quits; log: $headunit_log)"
+echo "demo: starting the head unit (F1 home, F2 radio, Ctrl+L next language, Ctrl+Q quits; log: $headunit_log)"
 "$headunit" --settings "$settings" "$@" >"$headunit_log"

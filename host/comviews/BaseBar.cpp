@@ -2,6 +2,8 @@
 
 #include "HvIconButton.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLinearGradient>
@@ -17,11 +19,12 @@ struct ButtonSpec
 {
     const char* id;
     const char* objectName;
+    // Translated in the "BaseBar" context when marked for the catalogues.
     const char* text;
 };
 
 const ButtonSpec Buttons[] = {
-    {"home", "homeBtn", "Home"},
+    {"home", "homeBtn", QT_TRANSLATE_NOOP("BaseBar", "Home")},
     {"carplay", "carplayBtn", "CarPlay"},
     {"AndroidAuto", "androidAutoBtn", "Android Auto"},
 };
@@ -102,20 +105,18 @@ BaseBar::BaseBar(QRect rect, QWidget* parent, int buttons)
         auto* button = new HvIconButton(this);
         button->setObjectName(QLatin1String(spec.objectName));
         button->setButtonID(QLatin1String(spec.id));
-        button->setDisplayText(QLatin1String(spec.text));
         button->setFontSize(15);
         button->setNormalTextColor(QColor(230, 234, 240));
         button->setPressTextColor(Accent);
         button->setTextAlign(Qt::AlignLeft | Qt::AlignVCenter);
         button->setTextLeftMargin(IconLeft + IconBox + 12);
-        QFont textFont = button->font();
-        textFont.setPointSize(button->fontSize());
-        const int textWidth = QFontMetrics(textFont).horizontalAdvance(button->displayText());
-        button->setFixedSize(button->textLeftMargin() + textWidth + 22, buttonHeight);
+        button->setFixedHeight(buttonHeight);
         connect(button, &HvIconButton::btnClicked, this, &BaseBar::btnClickedSig);
         layout->addWidget(button, 0, Qt::AlignVCenter);
         m_buttons.append(button);
+        m_buttonTexts.append(spec.text);
     }
+    retranslateUi();
 }
 
 BaseBar::~BaseBar() = default;
@@ -126,6 +127,26 @@ void BaseBar::setCurrentTitle(QString title, int type)
         qCWarning(lcBaseBar) << "unknown title type, shown as plain:" << type;
     m_title->setText(title);
     update();
+}
+
+void BaseBar::changeEvent(QEvent* e)
+{
+    if (e->type() == QEvent::LanguageChange)
+        retranslateUi();
+    QWidget::changeEvent(e);
+}
+
+// Each button is as wide as its text in the current language.
+void BaseBar::retranslateUi()
+{
+    for (int i = 0; i < m_buttons.size(); ++i) {
+        HvIconButton* button = m_buttons.at(i);
+        button->setDisplayText(QCoreApplication::translate("BaseBar", m_buttonTexts.at(i)));
+        QFont textFont = button->font();
+        textFont.setPointSize(button->fontSize());
+        const int textWidth = QFontMetrics(textFont).horizontalAdvance(button->displayText());
+        button->setFixedWidth(button->textLeftMargin() + textWidth + 22);
+    }
 }
 
 QString BaseBar::currentTitle() const

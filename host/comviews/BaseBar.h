@@ -10,7 +10,8 @@ class QLabel;
 
 // The system bar along the top of the screen: a title and the system
 // buttons "home", "carplay" and "AndroidAuto". A tap emits
-// btnClickedSig(id) with the button's ID.
+// btnClickedSig(id) with the button's ID. "Home" follows the display
+// language; the two phone-projection names are brands.
 class BaseBar : public QWidget
 {
     Q_OBJECT
@@ -29,10 +30,15 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent* e) override;
+    void changeEvent(QEvent* e) override;
 
 private:
+    void retranslateUi();
+
     QLabel* m_title;
     QList<HvIconButton*> m_buttons;
+    // The untranslated text of each button, in the same order.
+    QList<const char*> m_buttonTexts;
 };
 
 #endif

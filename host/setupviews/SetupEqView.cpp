@@ -3,6 +3,7 @@
 #include "DataSaveControl.h"
 #include "HvIconButton.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -84,13 +85,13 @@ SetupEqView::SetupEqView(QRect rect, QWidget* parent)
 
     m_title = makeLabel(this, 28, QColor(255, 255, 255), Qt::AlignLeft | Qt::AlignVCenter);
     m_title->setObjectName(QStringLiteral("eqTitle"));
-    m_title->setText(tr("Equalizer"));
     QFont titleFont = m_title->font();
     titleFont.setWeight(QFont::DemiBold);
     m_title->setFont(titleFont);
 
-    m_resetBtn = makeButton(this, QStringLiteral("eqResetBtn"), tr("Reset"));
-    m_exitBtn = makeButton(this, QStringLiteral("eqExitBtn"), tr("Back"));
+    m_resetBtn = makeButton(this, QStringLiteral("eqResetBtn"), QString());
+    m_exitBtn = makeButton(this, QStringLiteral("eqExitBtn"), QString());
+    retranslateUi();
     connect(m_resetBtn, &HvIconButton::btnClicked, this, [this] {
         for (int band = 0; band < bandCount(); ++band)
             setGain(band, 0);
@@ -261,4 +262,18 @@ void SetupEqView::paintEvent(QPaintEvent*)
     p.setPen(QPen(QBrush(stroke), 2.5));
     p.setBrush(Qt::NoBrush);
     p.drawPath(curve);
+}
+
+void SetupEqView::changeEvent(QEvent* e)
+{
+    if (e->type() == QEvent::LanguageChange)
+        retranslateUi();
+    QWidget::changeEvent(e);
+}
+
+void SetupEqView::retranslateUi()
+{
+    m_title->setText(tr("Equalizer"));
+    m_resetBtn->setDisplayText(tr("Reset"));
+    m_exitBtn->setDisplayText(tr("Back"));
 }

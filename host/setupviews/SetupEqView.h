@@ -28,8 +28,10 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent* e) override;
+    void changeEvent(QEvent* e) override;
 
 private:
+    void retranslateUi();
     // Room left of the bands for the dB scale.
     static constexpr int ScaleColumn = 64;
 

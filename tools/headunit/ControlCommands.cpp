@@ -1,6 +1,7 @@
 #include "ControlCommands.h"
 
 #include "HostInputs.h"
+#include "LanguageSwitch.h"
 #include "SyntheticInput.h"
 
 #include <QWidget>
@@ -166,6 +167,12 @@ QString ControlCommands::host(const QStringList& words, const QString& line)
         m_inputs->setTemperature(celsius);
         return ok(line);
     }
+    if (count == 3 && what == QLatin1String("language")) {
+        if (!LanguageSwitch::languages().contains(arg))
+            return error(line, QStringLiteral("language must be one of %1")
+                                   .arg(LanguageSwitch::languages().join(QLatin1Char(' '))));
+        return m_inputs->setLanguage(arg) ? ok(line) : error(line, QStringLiteral("no catalogue for %1").arg(arg));
+    }
     return error(line, QStringLiteral("usage: host region N | fm | am | next | prev | stream on|off | power | "
-                                      "reversing on|off | temperature C | mute on|off"));
+                                      "reversing on|off | temperature C | mute on|off | language en|de|fr|cs"));
 }

@@ -1,5 +1,7 @@
 #include "HeadUnitOptions.h"
 
+#include "LanguageSwitch.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
@@ -32,13 +34,16 @@ struct OptionSet
     QCommandLineOption region{QStringLiteral("region"),
                               QStringLiteral("Report host region <n> (0-23) once the radio has started."),
                               QStringLiteral("n")};
+    QCommandLineOption lang{QStringLiteral("lang"),
+                            QStringLiteral("Display language <code>: en, de, fr or cs (default: the locale's, else en)."),
+                            QStringLiteral("code")};
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")};
 
     void addTo(QCommandLineParser& parser) const
     {
         parser.setApplicationDescription(QStringLiteral("Head-unit shell that runs the radio screen activity."));
         parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-        parser.addOptions({plugins, settings, dump, tour, control, frameless, fullscreen, region, help});
+        parser.addOptions({plugins, settings, dump, tour, control, frameless, fullscreen, region, lang, help});
     }
 };
 
@@ -96,6 +101,12 @@ bool HeadUnitOptions::parse(const QStringList& args, QString* error)
             return false;
         }
         region = n;
+    }
+    language = parser.value(set.lang);
+    if (parser.isSet(set.lang) && !LanguageSwitch::languages().contains(language)) {
+        *error = QStringLiteral("--lang takes one of %1, not \"%2\"")
+                     .arg(LanguageSwitch::languages().join(QLatin1String(", ")), language);
+        return false;
     }
     return true;
 }

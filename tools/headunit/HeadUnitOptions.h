@@ -22,6 +22,9 @@ public:
     bool fullscreen = false;
     // Host region reported once the radio has started (--region); -1: none.
     int region = -1;
+    // Display language (--lang): "en", "de", "fr" or "cs"; empty: the
+    // locale's, English when the head unit has no catalogue for it.
+    QString language;
     bool helpRequested = false;
 
     // Parses args (args[0] is the program). On a bad command line returns

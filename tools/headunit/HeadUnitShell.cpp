@@ -14,6 +14,7 @@
 #include "HostInputs.h"
 #include "HostShortcuts.h"
 #include "HostState.h"
+#include "LanguageSwitch.h"
 #include "ModuleManager.h"
 #include "PlatformControl.h"
 #include "RadioModule.h"
@@ -26,6 +27,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 #include <QLoggingCategory>
 
 #include <csignal>
@@ -83,9 +85,16 @@ int HeadUnitShell::start()
 {
     createHost();
 
+    // The catalogues go in before any screen exists, so every screen is
+    // built in its language; a missing one leaves English.
+    m_languages = new LanguageSwitch(LanguageSwitch::defaultCatalogueDir(), this);
+    m_languages->setLanguage(m_options.language.isEmpty() ? LanguageSwitch::languageFor(QLocale())
+                                                          : m_options.language);
+
     m_window = std::make_unique<HeadUnitWindow>();
     hvappframework::UIManager::setUIHerarchy(1, m_window->systemView());
     m_inputs = new HostInputs(this);
+    m_inputs->setLanguageSwitch(m_languages);
 
     auto manager = hvappframework::ActivityManager::self();
     m_home = new HomeActivity(m_inputs);
@@ -139,13 +148,15 @@ int HeadUnitShell::runTour()
 QJsonObject HeadUnitShell::dumpDocument()
 {
     const QPoint origin = m_window->mapToGlobal(QPoint(0, 0));
+    QJsonObject host = HostState::snapshot();
+    host.insert(QStringLiteral("language"), m_languages->language());
     return QJsonObject{
         {QStringLiteral("format"), QLatin1String(DumpFormat)},
         {QStringLiteral("sequence"), ++m_dumpCount},
         {QStringLiteral("pid"), qint64(QCoreApplication::applicationPid())},
         {QStringLiteral("time"), QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)},
         {QStringLiteral("screenOrigin"), QJsonObject{{QStringLiteral("x"), origin.x()}, {QStringLiteral("y"), origin.y()}}},
-        {QStringLiteral("host"), HostState::snapshot()},
+        {QStringLiteral("host"), host},
         {QStringLiteral("window"), WidgetTreeDump::widgetTree(m_window.get(), m_window.get())},
     };
 }

@@ -16,11 +16,12 @@ class HeadUnitWindow;
 class HomeActivity;
 class HostInputs;
 class HostShortcuts;
+class LanguageSwitch;
 class RadioModule;
 class UnixSignalNotifier;
 
 // The head unit: host singletons, the "radio" and "auxin" modules, the
-// window with UI layer 1, the home activity, the activity plugins, and the
+// display language, the window with UI layer 1, the home activity, the activity plugins, and the
 // shell's own tools (snapshot on SIGUSR1, control channel, tour).
 class HeadUnitShell : public QObject
 {
@@ -37,6 +38,7 @@ public:
 
     HeadUnitWindow* window() const { return m_window.get(); }
     HostInputs* inputs() const { return m_inputs; }
+    LanguageSwitch* languages() const { return m_languages; }
 
     // The snapshot document (see README.md).
     QJsonObject dumpDocument();
@@ -49,6 +51,7 @@ private:
     HeadUnitOptions m_options;
     std::unique_ptr<HeadUnitWindow> m_window;
     std::unique_ptr<ActivityPluginLoader> m_plugins;
+    LanguageSwitch* m_languages = nullptr;
     HostInputs* m_inputs = nullptr;
     HomeActivity* m_home = nullptr;
     HostShortcuts* m_shortcuts = nullptr;

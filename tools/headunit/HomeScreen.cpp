@@ -9,6 +9,7 @@
 #include "HvIconButton.h"
 #include "UIManager.h"
 
+#include <QEvent>
 #include <QLabel>
 
 const char* const HomeScreen::DefaultRadioIcon = ":/radioimages/01_radio";
@@ -39,7 +40,8 @@ void radioIdentity(QString* icon, QString* name)
 } // namespace
 
 HomeScreen::HomeScreen(HostInputs* inputs, QWidget* parent)
-    : QWidget(parent), m_radioTile(new HvIconButton(this)), m_status(new HostStatusPanel(this))
+    : QWidget(parent), m_title(new QLabel(this)), m_radioTile(new HvIconButton(this)),
+      m_status(new HostStatusPanel(this))
 {
     setObjectName(QStringLiteral("HomeScreen"));
     setGeometry(hvappframework::UIManager::getSystemViewRect());
@@ -56,13 +58,12 @@ HomeScreen::HomeScreen(HostInputs* inputs, QWidget* parent)
     body.setPointSize(13);
     setFont(body);
 
-    auto* title = new QLabel(tr("Home"), this);
-    title->setObjectName(QStringLiteral("HomeTitle"));
-    title->setGeometry(TitleRect);
-    title->setAlignment(Qt::AlignCenter);
-    QFont titleFont = title->font();
+    m_title->setObjectName(QStringLiteral("HomeTitle"));
+    m_title->setGeometry(TitleRect);
+    m_title->setAlignment(Qt::AlignCenter);
+    QFont titleFont = m_title->font();
     titleFont.setPointSize(28);
-    title->setFont(titleFont);
+    m_title->setFont(titleFont);
 
     QString icon;
     QString name;
@@ -72,7 +73,6 @@ HomeScreen::HomeScreen(HostInputs* inputs, QWidget* parent)
     m_radioTile->setNormalImage(icon);
     m_radioTile->setPressImage(icon);
     m_radioTile->setButtonID(QStringLiteral("radio"));
-    m_radioTile->setDisplayText(name);
     m_radioTile->setFontSize(26);
     m_radioTile->setTextTopMargin(TileRect.height() - 60);
     m_radioTile->setTextHeight(50);
@@ -83,4 +83,22 @@ HomeScreen::HomeScreen(HostInputs* inputs, QWidget* parent)
 
     auto* panel = new HostInputPanel(inputs, this);
     panel->setGeometry(PanelRect);
+    retranslateUi();
+}
+
+void HomeScreen::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslateUi();
+    QWidget::changeEvent(event);
+}
+
+void HomeScreen::retranslateUi()
+{
+    m_title->setText(tr("Home"));
+    // The radio names itself in the current language.
+    QString icon;
+    QString name;
+    radioIdentity(&icon, &name);
+    m_radioTile->setDisplayText(name);
 }

@@ -5,30 +5,21 @@
 #include "BaseControl.h"
 #include "HostInputs.h"
 #include "HostShortcuts.h"
+#include "LanguageSwitch.h"
 
 #include <QCheckBox>
 #include <QDoubleSpinBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
 
-namespace {
-
-QPushButton* makeButton(QWidget* parent, const char* objectName, const QString& text)
-{
-    auto* button = new QPushButton(text, parent);
-    button->setObjectName(QLatin1String(objectName));
-    button->setFocusPolicy(Qt::NoFocus);
-    return button;
-}
-
-} // namespace
-
 HostInputPanel::HostInputPanel(HostInputs* inputs, QWidget* parent)
     : QWidget(parent), m_inputs(inputs), m_region(new QSpinBox(this)), m_temperature(new QDoubleSpinBox(this)),
-      m_reversing(new QCheckBox(tr("Reversing"), this)), m_mute(new QCheckBox(tr("Mute"), this))
+      m_reversing(new QCheckBox(this)), m_mute(new QCheckBox(this)), m_title(new QLabel(this)),
+      m_legend{new QLabel(this), new QLabel(this)}
 {
     setObjectName(QStringLiteral("HostPanel"));
     auto* grid = new QGridLayout(this);
@@ -36,25 +27,24 @@ HostInputPanel::HostInputPanel(HostInputs* inputs, QWidget* parent)
     grid->setHorizontalSpacing(10);
     grid->setVerticalSpacing(10);
 
-    auto* title = new QLabel(tr("Host inputs"), this);
-    title->setObjectName(QStringLiteral("HostPanelTitle"));
-    grid->addWidget(title, 0, 0, 1, 2);
+    m_title->setObjectName(QStringLiteral("HostPanelTitle"));
+    grid->addWidget(m_title, 0, 0, 1, 2);
 
     m_region->setObjectName(QStringLiteral("RegionSpin"));
     m_region->setRange(0, HostInputs::RegionCount - 1);
-    m_region->setPrefix(tr("Region "));
-    auto* setRegion = makeButton(this, "RegionSet", tr("Set region"));
+    auto* setRegion = addButton("RegionSet", QT_TR_NOOP("Set region"));
     grid->addWidget(m_region, 1, 0);
     grid->addWidget(setRegion, 1, 1);
     connect(setRegion, &QPushButton::clicked, this, [this]() { m_inputs->setRegion(m_region->value()); });
 
-    auto* fm = makeButton(this, "FmKey", tr("FM key"));
-    auto* am = makeButton(this, "AmKey", tr("AM key"));
-    auto* prev = makeButton(this, "PrevKey", tr("Previous"));
-    auto* next = makeButton(this, "NextKey", tr("Next"));
-    auto* streamOn = makeButton(this, "StreamOn", tr("Stream on"));
-    auto* streamOff = makeButton(this, "StreamOff", tr("Stream off"));
-    auto* power = makeButton(this, "PowerKey", tr("Power key"));
+    auto* fm = addButton("FmKey", QT_TR_NOOP("FM key"));
+    auto* am = addButton("AmKey", QT_TR_NOOP("AM key"));
+    auto* prev = addButton("PrevKey", QT_TR_NOOP("Previous"));
+    auto* next = addButton("NextKey", QT_TR_NOOP("Next"));
+    auto* streamOn = addButton("StreamOn", QT_TR_NOOP("Stream on"));
+    auto* streamOff = addButton("StreamOff", QT_TR_NOOP("Stream off"));
+    auto* power = addButton("PowerKey", QT_TR_NOOP("Power key"));
+    m_language = addButton("LanguageKey", nullptr);
     grid->addWidget(fm, 2, 0);
     grid->addWidget(am, 2, 1);
     grid->addWidget(prev, 3, 0);
@@ -62,6 +52,7 @@ HostInputPanel::HostInputPanel(HostInputs* inputs, QWidget* parent)
     grid->addWidget(streamOn, 4, 0);
     grid->addWidget(streamOff, 4, 1);
     grid->addWidget(power, 5, 0);
+    grid->addWidget(m_language, 5, 1);
     connect(fm, &QPushButton::clicked, inputs, &HostInputs::fmKey);
     connect(am, &QPushButton::clicked, inputs, &HostInputs::amKey);
     connect(prev, &QPushButton::clicked, inputs, &HostInputs::prevKey);
@@ -69,13 +60,14 @@ HostInputPanel::HostInputPanel(HostInputs* inputs, QWidget* parent)
     connect(streamOn, &QPushButton::clicked, this, [this]() { m_inputs->requestStream(true); });
     connect(streamOff, &QPushButton::clicked, this, [this]() { m_inputs->requestStream(false); });
     connect(power, &QPushButton::clicked, inputs, &HostInputs::powerKey);
+    connect(m_language, &QPushButton::clicked, inputs, &HostInputs::nextLanguage);
 
     m_temperature->setObjectName(QStringLiteral("TemperatureSpin"));
     m_temperature->setRange(-40.0, 85.0);
     m_temperature->setDecimals(1);
     m_temperature->setSuffix(QStringLiteral(" °C"));
     m_temperature->setValue(20.0);
-    auto* setTemperature = makeButton(this, "TemperatureSet", tr("Set temperature"));
+    auto* setTemperature = addButton("TemperatureSet", QT_TR_NOOP("Set temperature"));
     grid->addWidget(m_temperature, 6, 0);
     grid->addWidget(setTemperature, 6, 1);
     connect(setTemperature, &QPushButton::clicked, this, [this]() { m_inputs->setTemperature(m_temperature->value()); });
@@ -84,27 +76,20 @@ HostInputPanel::HostInputPanel(HostInputs* inputs, QWidget* parent)
     m_mute->setObjectName(QStringLiteral("MuteCheck"));
     m_reversing->setFocusPolicy(Qt::NoFocus);
     m_mute->setFocusPolicy(Qt::NoFocus);
+    m_texts.append({m_reversing, QT_TR_NOOP("Reversing")});
+    m_texts.append({m_mute, QT_TR_NOOP("Mute")});
     grid->addWidget(m_reversing, 7, 0);
     grid->addWidget(m_mute, 7, 1);
     connect(m_reversing, &QCheckBox::toggled, inputs, &HostInputs::setReversing);
     connect(m_mute, &QCheckBox::toggled, inputs, &HostInputs::setMute);
 
-    // The shortcuts in two columns, filled top to bottom.
-    const QList<HostShortcuts::Binding> bindings = HostShortcuts::bindings();
-    const int perColumn = (bindings.size() + 1) / 2;
-    QStringList columns[2];
-    for (int i = 0; i < bindings.size(); ++i) {
-        columns[i / perColumn].append(QStringLiteral("%1  %2").arg(
-            bindings.at(i).keys.toString(QKeySequence::NativeText), bindings.at(i).description));
-    }
     QFont small = font();
     small.setPointSize(11);
     for (int c = 0; c < 2; ++c) {
-        auto* keys = new QLabel(columns[c].join(QLatin1Char('\n')), this);
-        keys->setObjectName(QStringLiteral("ShortcutLegend%1").arg(c + 1));
-        keys->setFont(small);
-        keys->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-        grid->addWidget(keys, 8, c);
+        m_legend[c]->setObjectName(QStringLiteral("ShortcutLegend%1").arg(c + 1));
+        m_legend[c]->setFont(small);
+        m_legend[c]->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        grid->addWidget(m_legend[c], 8, c);
     }
     grid->setRowStretch(9, 1);
 
@@ -121,6 +106,48 @@ HostInputPanel::HostInputPanel(HostInputs* inputs, QWidget* parent)
         });
     }
     syncFromHost();
+    retranslateUi();
+}
+
+QPushButton* HostInputPanel::addButton(const char* objectName, const char* text)
+{
+    auto* button = new QPushButton(this);
+    button->setObjectName(QLatin1String(objectName));
+    button->setFocusPolicy(Qt::NoFocus);
+    if (text)
+        m_texts.append({button, text});
+    return button;
+}
+
+void HostInputPanel::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslateUi();
+    QWidget::changeEvent(event);
+}
+
+void HostInputPanel::retranslateUi()
+{
+    m_title->setText(tr("Host inputs"));
+    m_region->setPrefix(tr("Region "));
+    for (const auto& text : qAsConst(m_texts))
+        text.first->setText(tr(text.second));
+    // Named in the language it is: whoever cannot read the current one
+    // still finds their own on the way round.
+    const LanguageSwitch* languages = m_inputs->languageSwitch();
+    m_language->setText(tr("Language: %1").arg(LanguageSwitch::nativeName(languages ? languages->language() : QString())));
+    m_language->setEnabled(languages != nullptr);
+
+    // The shortcuts in two columns, filled top to bottom.
+    const QList<HostShortcuts::Binding> bindings = HostShortcuts::bindings();
+    const int perColumn = (bindings.size() + 1) / 2;
+    QStringList columns[2];
+    for (int i = 0; i < bindings.size(); ++i) {
+        columns[i / perColumn].append(QStringLiteral("%1  %2").arg(
+            bindings.at(i).keys.toString(QKeySequence::NativeText), bindings.at(i).description));
+    }
+    for (int c = 0; c < 2; ++c)
+        m_legend[c]->setText(columns[c].join(QLatin1Char('\n')));
 }
 
 void HostInputPanel::syncFromHost()

@@ -6,6 +6,7 @@
 #include "AuxinModule.h"
 #include "BaseControl.h"
 #include "HostState.h"
+#include "LanguageSwitch.h"
 
 #include <QLoggingCategory>
 #include <QMetaObject>
@@ -166,4 +167,24 @@ bool HostInputs::switchTo(const QString& activity)
         return false;
     emit applied(QStringLiteral("activity %1").arg(activity));
     return true;
+}
+
+bool HostInputs::setLanguage(const QString& code)
+{
+    if (!m_languages) {
+        qCWarning(lcInputs) << "language" << code << "not set: the head unit has no language switch";
+        return false;
+    }
+    if (!m_languages->setLanguage(code))
+        return false;
+    emit applied(QStringLiteral("language %1").arg(code));
+    return true;
+}
+
+bool HostInputs::nextLanguage()
+{
+    if (!m_languages)
+        return false;
+    const QStringList all = LanguageSwitch::languages();
+    return setLanguage(all.at((all.indexOf(m_languages->language()) + 1) % all.size()));
 }

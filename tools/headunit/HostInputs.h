@@ -4,9 +4,11 @@
 #include <QObject>
 #include <QString>
 
+class LanguageSwitch;
+
 // The host-side inputs a person can trigger: region, FM/AM and next/prev
 // keys, the audio stream request, the power key, reversing, temperature,
-// mute and the activity switch. The home screen's panel, the keyboard
+// mute, the display language and the activity switch. The home screen's panel, the keyboard
 // shortcuts and the control channel all go through here. Each input is
 // announced with applied() in words.
 class HostInputs : public QObject
@@ -16,6 +18,10 @@ public:
     static constexpr int RegionCount = 24;
 
     explicit HostInputs(QObject* parent = nullptr);
+
+    // The display language the language inputs change; none by default.
+    void setLanguageSwitch(LanguageSwitch* languages) { m_languages = languages; }
+    LanguageSwitch* languageSwitch() const { return m_languages; }
 
 public slots:
     // Records the region in BaseControl, then emits its region signal.
@@ -46,9 +52,17 @@ public slots:
     void toggleMute();
     // ActivityManager::switchActivity(name, 0); false for an unknown name.
     bool switchTo(const QString& activity);
+    // Switches the display language ("en", "de", "fr", "cs"); false for
+    // an unknown one, a missing catalogue or no language switch.
+    bool setLanguage(const QString& code);
+    // The next language of the head unit's list, wrapping.
+    bool nextLanguage();
 
 signals:
     void applied(const QString& what);
+
+private:
+    LanguageSwitch* m_languages = nullptr;
 };
 
 #endif

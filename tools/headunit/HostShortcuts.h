@@ -24,7 +24,8 @@ public:
 
     HostShortcuts(QWidget* window, HostInputs* inputs);
 
-    // Every binding, in the order of the legend.
+    // Every binding, in the order of the legend, described in the current
+    // language.
     static QList<Binding> bindings();
 };
 

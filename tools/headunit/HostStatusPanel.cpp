@@ -9,35 +9,34 @@
 #include "PlatformControl.h"
 #include "RadioModule.h"
 
+#include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
 
-HostStatusPanel::HostStatusPanel(QWidget* parent) : QWidget(parent)
+HostStatusPanel::HostStatusPanel(QWidget* parent) : QWidget(parent), m_title(new QLabel(this))
 {
     setObjectName(QStringLiteral("HostStatus"));
     auto* form = new QFormLayout(this);
     form->setContentsMargins(16, 12, 16, 12);
     form->setVerticalSpacing(10);
 
-    auto* title = new QLabel(tr("Host side of the radio"), this);
-    title->setObjectName(QStringLiteral("HostStatusTitle"));
-    form->addRow(title);
-    addRow(form, QStringLiteral("Activity"), tr("Activity"));
-    addRow(form, QStringLiteral("FreqText"), tr("Radio info"));
-    addRow(form, QStringLiteral("PsText"), tr("PS"));
-    addRow(form, QStringLiteral("PtyText"), tr("PTY"));
-    addRow(form, QStringLiteral("Flags"), tr("Flags"));
-    addRow(form, QStringLiteral("Stream"), tr("Audio stream"));
-    addRow(form, QStringLiteral("Mute"), tr("Mute"));
-    addRow(form, QStringLiteral("HardMute"), tr("Hard mute"));
-    addRow(form, QStringLiteral("PlayState"), tr("Play state"));
-    addRow(form, QStringLiteral("Band"), tr("Band / preset"));
-    addRow(form, QStringLiteral("Region"), tr("Region"));
-    addRow(form, QStringLiteral("Reversing"), tr("Reversing"));
-    addRow(form, QStringLiteral("Temperature"), tr("Temperature"));
-    addRow(form, QStringLiteral("Records"), tr("Records to module"));
-    addRow(form, QStringLiteral("LastInput"), tr("Last host input"));
-    setValue(QStringLiteral("LastInput"), tr("none"));
+    m_title->setObjectName(QStringLiteral("HostStatusTitle"));
+    form->addRow(m_title);
+    addRow(form, QStringLiteral("Activity"), QT_TR_NOOP("Activity"));
+    addRow(form, QStringLiteral("FreqText"), QT_TR_NOOP("Radio info"));
+    addRow(form, QStringLiteral("PsText"), QT_TR_NOOP("PS"));
+    addRow(form, QStringLiteral("PtyText"), QT_TR_NOOP("PTY"));
+    addRow(form, QStringLiteral("Flags"), QT_TR_NOOP("Flags"));
+    addRow(form, QStringLiteral("Stream"), QT_TR_NOOP("Audio stream"));
+    addRow(form, QStringLiteral("Mute"), QT_TR_NOOP("Mute"));
+    addRow(form, QStringLiteral("HardMute"), QT_TR_NOOP("Hard mute"));
+    addRow(form, QStringLiteral("PlayState"), QT_TR_NOOP("Play state"));
+    addRow(form, QStringLiteral("Band"), QT_TR_NOOP("Band / preset"));
+    addRow(form, QStringLiteral("Region"), QT_TR_NOOP("Region"));
+    addRow(form, QStringLiteral("Reversing"), QT_TR_NOOP("Reversing"));
+    addRow(form, QStringLiteral("Temperature"), QT_TR_NOOP("Temperature"));
+    addRow(form, QStringLiteral("Records"), QT_TR_NOOP("Records to module"));
+    addRow(form, QStringLiteral("LastInput"), QT_TR_NOOP("Last host input"));
 
     if (RadioModule* radio = HostState::radioModule()) {
         connect(radio, &RadioModule::radioInfoChanged, this, &HostStatusPanel::refresh);
@@ -62,15 +61,33 @@ HostStatusPanel::HostStatusPanel(QWidget* parent) : QWidget(parent)
         connect(control, &BaseControl::callRecorded, this, &HostStatusPanel::refresh);
     connect(hvappframework::ActivityManager::self().data(), &hvappframework::ActivityManager::activityChanged, this,
             &HostStatusPanel::refresh);
-    refresh();
+    retranslateUi();
 }
 
-void HostStatusPanel::addRow(QFormLayout* form, const QString& row, const QString& caption)
+void HostStatusPanel::addRow(QFormLayout* form, const QString& row, const char* caption)
 {
+    auto* label = new QLabel(this);
     auto* value = new QLabel(this);
     value->setObjectName(QStringLiteral("Status") + row);
     m_values.insert(row, value);
-    form->addRow(caption, value);
+    m_captions.append({label, caption});
+    form->addRow(label, value);
+}
+
+void HostStatusPanel::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslateUi();
+    QWidget::changeEvent(event);
+}
+
+void HostStatusPanel::retranslateUi()
+{
+    m_title->setText(tr("Host side of the radio"));
+    for (const auto& caption : qAsConst(m_captions))
+        caption.first->setText(tr(caption.second));
+    showInput(m_lastInput);
+    refresh();
 }
 
 void HostStatusPanel::setValue(const QString& row, const QString& text)
@@ -81,12 +98,13 @@ void HostStatusPanel::setValue(const QString& row, const QString& text)
 
 void HostStatusPanel::showInput(const QString& what)
 {
-    setValue(QStringLiteral("LastInput"), what);
+    m_lastInput = what;
+    setValue(QStringLiteral("LastInput"), what.isEmpty() ? tr("none") : what);
 }
 
 void HostStatusPanel::refresh()
 {
-    const QString none = tr("-");
+    const QString none = QStringLiteral("-");
     const QString current = hvappframework::ActivityManager::self()->currentActivity();
     setValue(QStringLiteral("Activity"), current.isEmpty() ? none : current);
 

@@ -507,6 +507,8 @@ void RadioKeypad::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
         ui->retranslateUi(this);
+        // The band prefix is not one of the layout's texts.
+        ui->txtFAM->setText(m_bFM ? tr("FM:") : tr("AM:"));
         return;
     }
     QWidget::changeEvent(event);

@@ -403,6 +403,7 @@ void TunerView::PTYDisp(unsigned int pty)
     qDebug() << "========================pty:" << pty;
     if (!m_pPTYDisp || pty > 31)
         return;
+    m_ptyShown = pty;
     m_pPTYDisp->setText(QCoreApplication::translate("QObject", PTY_NAMES[pty].toUtf8().constData()));
     if (m_pPTYDisp->isHidden())
         m_pPTYDisp->show();
@@ -453,6 +454,7 @@ void TunerView::ClearTPDisp()
 
 void TunerView::ClearPTYDisp()
 {
+    m_ptyShown = 0;
     if (m_pPTYDisp)
         m_pPTYDisp->setText(QString());
 }
@@ -683,6 +685,11 @@ void TunerView::changeEvent(QEvent* e)
         return;
     }
     m_pUi->retranslateUi(this);
+    if (m_pPTYDisp) {
+        const QString name = QCoreApplication::translate("QObject", PTY_NAMES[m_ptyShown].toUtf8().constData());
+        if (m_pPTYDisp->text() != name)
+            m_pPTYDisp->setText(name);
+    }
     if (m_pAsPsLabel) {
         if (!m_asPsTimerId)
             m_pAsPsLabel->setText(QString());

@@ -184,6 +184,9 @@ private:
     int m_bHardMute = 0;
     int m_bAsMute = 0;
     HvIconButton* m_pTemperBtn = nullptr;
+    // Programme-type code on show (0: none): a language change names it
+    // again in the new language.
+    unsigned int m_ptyShown = 0;
 };
 
 #endif

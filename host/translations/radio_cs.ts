@@ -1,0 +1,187 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="cs_CZ">
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Radio</source>
+        <translation>Rádio</translation>
+    </message>
+    <message>
+        <source>News</source>
+        <translation>Zprávy</translation>
+    </message>
+    <message>
+        <source>Affairs</source>
+        <translation>Aktuálně</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Sports</source>
+        <translation>Sport</translation>
+    </message>
+    <message>
+        <source>Educate</source>
+        <translation>Vzdělání</translation>
+    </message>
+    <message>
+        <source>Drama</source>
+        <translation>Drama</translation>
+    </message>
+    <message>
+        <source>Culture</source>
+        <translation>Kultura</translation>
+    </message>
+    <message>
+        <source>Science</source>
+        <translation>Věda</translation>
+    </message>
+    <message>
+        <source>Varied</source>
+        <translation>Zábava</translation>
+    </message>
+    <message>
+        <source>Pop M</source>
+        <translation>Pop</translation>
+    </message>
+    <message>
+        <source>Rock M</source>
+        <translation>Rock</translation>
+    </message>
+    <message>
+        <source>Easy M</source>
+        <translation>Oddech</translation>
+    </message>
+    <message>
+        <source>Light M</source>
+        <translation>L.klas.</translation>
+    </message>
+    <message>
+        <source>Classics</source>
+        <translation>Klasika</translation>
+    </message>
+    <message>
+        <source>Other M</source>
+        <translation>Hudba</translation>
+    </message>
+    <message>
+        <source>Weather</source>
+        <translation>Počasí</translation>
+    </message>
+    <message>
+        <source>Finance</source>
+        <translation>Finance</translation>
+    </message>
+    <message>
+        <source>Children</source>
+        <translation>Děti</translation>
+    </message>
+    <message>
+        <source>Social</source>
+        <translation>Sociální</translation>
+    </message>
+    <message>
+        <source>Religion</source>
+        <translation>Nábožen.</translation>
+    </message>
+    <message>
+        <source>Phone In</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>Cesty</translation>
+    </message>
+    <message>
+        <source>Leisure</source>
+        <translation>Koníčky</translation>
+    </message>
+    <message>
+        <source>Jazz</source>
+        <translation>Jazz</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Country</translation>
+    </message>
+    <message>
+        <source>Nation M</source>
+        <translation>Nár.hud.</translation>
+    </message>
+    <message>
+        <source>Oldies</source>
+        <translation>Oldies</translation>
+    </message>
+    <message>
+        <source>Folk M</source>
+        <translation>Lid.hud.</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Dokument</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>Test</translation>
+    </message>
+    <message>
+        <source>Alarm</source>
+        <translation>Poplach</translation>
+    </message>
+</context>
+<context>
+    <name>RadioKeypad</name>
+    <message>
+        <source>Form</source>
+        <translation>Formulář</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>BACK</source>
+        <translation>Zpět</translation>
+    </message>
+    <message>
+        <source>FM:</source>
+        <translation>VKV:</translation>
+    </message>
+    <message>
+        <source>AM:</source>
+        <translation>SV:</translation>
+    </message>
+</context>
+<context>
+    <name>RadioMain</name>
+    <message>
+        <source>Form</source>
+        <translation>Formulář</translation>
+    </message>
+    <message>
+        <source>AS</source>
+        <translation>AS</translation>
+    </message>
+    <message>
+        <source>ST</source>
+        <translation>ST</translation>
+    </message>
+</context>
+<context>
+    <name>RadioSettingForm</name>
+    <message>
+        <source>Form</source>
+        <translation>Formulář</translation>
+    </message>
+</context>
+<context>
+    <name>TunerViewImpl</name>
+    <message>
+        <source>Radio</source>
+        <translation>Rádio</translation>
+    </message>
+</context>
+</TS>

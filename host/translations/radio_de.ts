@@ -1,0 +1,187 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Radio</source>
+        <translation>Radio</translation>
+    </message>
+    <message>
+        <source>News</source>
+        <translation>Nachr.</translation>
+    </message>
+    <message>
+        <source>Affairs</source>
+        <translation>Aktuell</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Service</translation>
+    </message>
+    <message>
+        <source>Sports</source>
+        <translation>Sport</translation>
+    </message>
+    <message>
+        <source>Educate</source>
+        <translation>Bildung</translation>
+    </message>
+    <message>
+        <source>Drama</source>
+        <translation>Hörspiel</translation>
+    </message>
+    <message>
+        <source>Culture</source>
+        <translation>Kultur</translation>
+    </message>
+    <message>
+        <source>Science</source>
+        <translation>Wissen</translation>
+    </message>
+    <message>
+        <source>Varied</source>
+        <translation>Unterh.</translation>
+    </message>
+    <message>
+        <source>Pop M</source>
+        <translation>Pop</translation>
+    </message>
+    <message>
+        <source>Rock M</source>
+        <translation>Rock</translation>
+    </message>
+    <message>
+        <source>Easy M</source>
+        <translation>U-Musik</translation>
+    </message>
+    <message>
+        <source>Light M</source>
+        <translation>L-Musik</translation>
+    </message>
+    <message>
+        <source>Classics</source>
+        <translation>Klassik</translation>
+    </message>
+    <message>
+        <source>Other M</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>Weather</source>
+        <translation>Wetter</translation>
+    </message>
+    <message>
+        <source>Finance</source>
+        <translation>Wirtsch.</translation>
+    </message>
+    <message>
+        <source>Children</source>
+        <translation>Kinder</translation>
+    </message>
+    <message>
+        <source>Social</source>
+        <translation>Soziales</translation>
+    </message>
+    <message>
+        <source>Religion</source>
+        <translation>Religion</translation>
+    </message>
+    <message>
+        <source>Phone In</source>
+        <translation>Anrufe</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>Reise</translation>
+    </message>
+    <message>
+        <source>Leisure</source>
+        <translation>Freizeit</translation>
+    </message>
+    <message>
+        <source>Jazz</source>
+        <translation>Jazz</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Country</translation>
+    </message>
+    <message>
+        <source>Nation M</source>
+        <translation>Landesm.</translation>
+    </message>
+    <message>
+        <source>Oldies</source>
+        <translation>Oldies</translation>
+    </message>
+    <message>
+        <source>Folk M</source>
+        <translation>Folklore</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Feature</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>Test</translation>
+    </message>
+    <message>
+        <source>Alarm</source>
+        <translation>Alarm</translation>
+    </message>
+</context>
+<context>
+    <name>RadioKeypad</name>
+    <message>
+        <source>Form</source>
+        <translation>Formular</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>BACK</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>FM:</source>
+        <translation>UKW:</translation>
+    </message>
+    <message>
+        <source>AM:</source>
+        <translation>MW:</translation>
+    </message>
+</context>
+<context>
+    <name>RadioMain</name>
+    <message>
+        <source>Form</source>
+        <translation>Formular</translation>
+    </message>
+    <message>
+        <source>AS</source>
+        <translation>AS</translation>
+    </message>
+    <message>
+        <source>ST</source>
+        <translation>ST</translation>
+    </message>
+</context>
+<context>
+    <name>RadioSettingForm</name>
+    <message>
+        <source>Form</source>
+        <translation>Formular</translation>
+    </message>
+</context>
+<context>
+    <name>TunerViewImpl</name>
+    <message>
+        <source>Radio</source>
+        <translation>Radio</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,187 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr_FR">
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Radio</source>
+        <translation>Radio</translation>
+    </message>
+    <message>
+        <source>News</source>
+        <translation>Infos</translation>
+    </message>
+    <message>
+        <source>Affairs</source>
+        <translation>Magazine</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Services</translation>
+    </message>
+    <message>
+        <source>Sports</source>
+        <translation>Sport</translation>
+    </message>
+    <message>
+        <source>Educate</source>
+        <translation>Éducatif</translation>
+    </message>
+    <message>
+        <source>Drama</source>
+        <translation>Fiction</translation>
+    </message>
+    <message>
+        <source>Culture</source>
+        <translation>Culture</translation>
+    </message>
+    <message>
+        <source>Science</source>
+        <translation>Sciences</translation>
+    </message>
+    <message>
+        <source>Varied</source>
+        <translation>Divers</translation>
+    </message>
+    <message>
+        <source>Pop M</source>
+        <translation>Pop</translation>
+    </message>
+    <message>
+        <source>Rock M</source>
+        <translation>Rock</translation>
+    </message>
+    <message>
+        <source>Easy M</source>
+        <translation>Variétés</translation>
+    </message>
+    <message>
+        <source>Light M</source>
+        <translation>Cl.léger</translation>
+    </message>
+    <message>
+        <source>Classics</source>
+        <translation>Classiq.</translation>
+    </message>
+    <message>
+        <source>Other M</source>
+        <translation>Musique</translation>
+    </message>
+    <message>
+        <source>Weather</source>
+        <translation>Météo</translation>
+    </message>
+    <message>
+        <source>Finance</source>
+        <translation>Économie</translation>
+    </message>
+    <message>
+        <source>Children</source>
+        <translation>Enfants</translation>
+    </message>
+    <message>
+        <source>Social</source>
+        <translation>Société</translation>
+    </message>
+    <message>
+        <source>Religion</source>
+        <translation>Religion</translation>
+    </message>
+    <message>
+        <source>Phone In</source>
+        <translation>Appels</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>Voyages</translation>
+    </message>
+    <message>
+        <source>Leisure</source>
+        <translation>Loisirs</translation>
+    </message>
+    <message>
+        <source>Jazz</source>
+        <translation>Jazz</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Country</translation>
+    </message>
+    <message>
+        <source>Nation M</source>
+        <translation>Mus.nat.</translation>
+    </message>
+    <message>
+        <source>Oldies</source>
+        <translation>Rétro</translation>
+    </message>
+    <message>
+        <source>Folk M</source>
+        <translation>Folklore</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Document</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>Test</translation>
+    </message>
+    <message>
+        <source>Alarm</source>
+        <translation>Alarme</translation>
+    </message>
+</context>
+<context>
+    <name>RadioKeypad</name>
+    <message>
+        <source>Form</source>
+        <translation>Formulaire</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>BACK</source>
+        <translation>Retour</translation>
+    </message>
+    <message>
+        <source>FM:</source>
+        <translation>FM :</translation>
+    </message>
+    <message>
+        <source>AM:</source>
+        <translation>PO :</translation>
+    </message>
+</context>
+<context>
+    <name>RadioMain</name>
+    <message>
+        <source>Form</source>
+        <translation>Formulaire</translation>
+    </message>
+    <message>
+        <source>AS</source>
+        <translation>AS</translation>
+    </message>
+    <message>
+        <source>ST</source>
+        <translation>ST</translation>
+    </message>
+</context>
+<context>
+    <name>RadioSettingForm</name>
+    <message>
+        <source>Form</source>
+        <translation>Formulaire</translation>
+    </message>
+</context>
+<context>
+    <name>TunerViewImpl</name>
+    <message>
+        <source>Radio</source>
+        <translation>Radio</translation>
+    </message>
+</context>
+</TS>
