@@ -22,10 +22,11 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY BOTH)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE BOTH)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
 
-# ctest runs the cross-built programs under user-mode emulation. Multiarch
-# puts the arm64 loader and libraries at their usual places in the build
-# machine's root, which is therefore the emulator's library root.
+# ctest runs the cross-built programs under user-mode emulation, through a
+# wrapper that makes QProcess work there. Multiarch puts the arm64 loader and
+# libraries at their usual places in the build machine's root, which is
+# therefore the emulator's library root.
 find_program(RADIO_QEMU_AARCH64 NAMES qemu-aarch64-static qemu-aarch64)
 if(RADIO_QEMU_AARCH64)
-    set(CMAKE_CROSSCOMPILING_EMULATOR ${RADIO_QEMU_AARCH64} -L /)
+    set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/qemu-aarch64-run.sh ${CMAKE_BINARY_DIR})
 endif()

@@ -28,16 +28,13 @@ if ! grep -qs '^enabled' "$binfmt/qemu-aarch64"; then
     grep -v '^#' /usr/lib/binfmt.d/qemu-aarch64.conf | $SUDO tee "$binfmt/register" >/dev/null
 fi
 
-# qemu-user 7.2 lets Qt's probe for pidfds through to this machine's kernel
-# but refuses the clone(CLONE_PIDFD) that follows, so every QProcess start
-# fails. The preload answers the probe as an old kernel would; the emulator
-# puts it into every emulated program's environment.
-compat="$build/lib/libradio-qemucompat.so"
-if [ ! -f "$compat" ]; then
-    echo "test-aarch64: $compat is missing; build with make cross" >&2
+# ctest runs each suite through cmake/qemu-aarch64-run.sh, which preloads
+# the workaround for the emulator's missing clone(CLONE_PIDFD) and refuses
+# to run anything when QProcess would still be unsafe. Check that once here.
+if ! "$source_dir/cmake/qemu-aarch64-run.sh" "$build" "$build/bin/radio-qemucompat-check"; then
+    echo "test-aarch64: not running the suite" >&2
     exit 1
 fi
-export QEMU_SET_ENV="LD_PRELOAD=$compat"
 
 # Suites known to fail on AArch64, with the measured cause. They still run;
 # one that passes is reported, so that its entry can go.

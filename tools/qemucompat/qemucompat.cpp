@@ -1,12 +1,13 @@
 // Preloaded into the cross-built programs while they run under qemu-user 7.2
-// (tools/test-aarch64.sh), never installed.
+// (cmake/qemu-aarch64-run.sh), never installed.
 //
 // The emulator passes waitid(P_PIDFD, ...) through to the build machine's
 // kernel, which knows it, but refuses clone(CLONE_PIDFD) with EINVAL. Qt's
-// forkfd takes the first as proof that pidfds work and then fails every
-// QProcess::start() with a fork failure, so every suite that runs a program
-// fails. Answering the probe as a kernel without pidfds does (EINVAL) makes
-// forkfd fall back to fork() and SIGCHLD, which the emulator supports.
+// forkfd takes the first as proof that pidfds work and, when the clone
+// fails, goes on with pid -1: QProcess reports a child that never existed
+// and stops it with kill(-1, SIGTERM). Answering the probe as a kernel
+// without pidfds does (EINVAL) makes forkfd use fork() and SIGCHLD, which
+// the emulator supports.
 #include <cerrno>
 #include <cstdarg>
 #include <dlfcn.h>
