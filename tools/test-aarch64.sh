@@ -22,9 +22,9 @@ fi
 # AArch64 executables to the emulator (binfmt_misc). qemu-user-static ships
 # the registration; without systemd nobody applies it.
 binfmt=/proc/sys/fs/binfmt_misc
+[ -e "$binfmt/register" ] || $SUDO mount -t binfmt_misc binfmt_misc "$binfmt"
 if ! grep -qs '^enabled' "$binfmt/qemu-aarch64"; then
     echo "test-aarch64: registering $emulator for AArch64 executables (binfmt_misc)"
-    [ -e "$binfmt/register" ] || $SUDO mount -t binfmt_misc binfmt_misc "$binfmt"
     grep -v '^#' /usr/lib/binfmt.d/qemu-aarch64.conf | $SUDO tee "$binfmt/register" >/dev/null
 fi
 
