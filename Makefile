@@ -6,8 +6,11 @@ CMAKE_ARGS ?=
 # Display language of the demo's head unit: en, de, fr or cs (empty: the
 # locale's). `make demo DEMO_LANG=de`.
 DEMO_LANG ?=
+CROSS_DIR ?= build-aarch64
+CCACHE := $(shell command -v ccache 2>/dev/null)
 
-.PHONY: all deps configure build test demo asan clean
+.PHONY: all deps configure build test demo asan package clean \
+	cross-deps cross-configure cross test-aarch64 cross-package
 
 all: build
 
@@ -32,6 +35,29 @@ demo: build
 asan:
 	ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	$(MAKE) test BUILD_DIR=build-asan CMAKE_ARGS="-DRADIO_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug"
+
+# Debian packages of this machine's architecture, in $(BUILD_DIR)/.
+package: build
+	cd $(BUILD_DIR) && cpack -G DEB
+
+# The board build: AArch64 with Debian's cross compiler and arm64 Qt, in
+# build-aarch64/. Not part of `make test`.
+cross-deps:
+	@./cmake/install-cross-deps.sh
+
+cross-configure: cross-deps
+	cmake -S . -B $(CROSS_DIR) -DCMAKE_TOOLCHAIN_FILE=cmake/toolchain-aarch64.cmake \
+		$(if $(CCACHE),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache) $(CMAKE_ARGS)
+
+cross: cross-configure
+	cmake --build $(CROSS_DIR) -j $(JOBS)
+
+# The cross-built suite and the head-unit tour under user-mode emulation.
+test-aarch64: cross
+	./tools/test-aarch64.sh $(CROSS_DIR)
+
+cross-package: cross
+	cd $(CROSS_DIR) && cpack -G DEB
 
 clean:
 	rm -rf $(BUILD_DIR)
