@@ -30,3 +30,9 @@ find_program(RADIO_QEMU_AARCH64 NAMES qemu-aarch64-static qemu-aarch64)
 if(RADIO_QEMU_AARCH64)
     set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/qemu-aarch64-run.sh ${CMAKE_BINARY_DIR})
 endif()
+
+# The catalogue tools (lupdate, lrelease) are build-machine programs like
+# moc; their CMake package comes from the build machine's Qt.
+execute_process(COMMAND dpkg-architecture -qDEB_BUILD_MULTIARCH
+    OUTPUT_VARIABLE RADIO_BUILD_MULTIARCH OUTPUT_STRIP_TRAILING_WHITESPACE)
+set(Qt5LinguistTools_DIR /usr/lib/${RADIO_BUILD_MULTIARCH}/cmake/Qt5LinguistTools CACHE PATH "")
