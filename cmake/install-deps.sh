@@ -1,8 +1,10 @@
 #!/bin/sh
-# Installs the Debian packages the build, the tests and the demo need,
-# asking apt only for what is missing.
+# Installs Debian packages, asking apt only for what is missing: the ones
+# given as arguments, else what the build, the tests and the demo need.
+# A package of another architecture (name:arm64) has that architecture
+# added first.
 set -e
-PACKAGES="cmake make g++ pkg-config qtbase5-dev qtbase5-dev-tools qttools5-dev-tools qttools5-dev libqt5test5 fonts-dejavu-core xvfb xauth"
+PACKAGES="${*:-cmake make g++ pkg-config qtbase5-dev qtbase5-dev-tools qttools5-dev-tools qttools5-dev libqt5test5 fonts-dejavu-core xvfb xauth}"
 missing=""
 for p in $PACKAGES; do
     if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then
@@ -10,7 +12,14 @@ for p in $PACKAGES; do
     fi
 done
 [ -z "$missing" ] && exit 0
-echo "Installing:$missing"
 if [ "$(id -u)" -eq 0 ]; then SUDO=""; else SUDO="sudo"; fi
-$SUDO apt-get update -qq
-DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends $missing
+for arch in $(printf '%s\n' $missing | sed -n 's/^[^:]*:\(.*\)$/\1/p' | sort -u); do
+    if ! dpkg --print-foreign-architectures | grep -qx "$arch"; then
+        echo "Adding the $arch architecture"
+        $SUDO dpkg --add-architecture "$arch"
+    fi
+done
+echo "Installing:$missing"
+APT="$SUDO env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=600"
+$APT update -qq
+$APT install -y -qq --no-install-recommends $missing
