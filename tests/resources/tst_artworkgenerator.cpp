@@ -1,10 +1,41 @@
-// radio-artwork regenerates exactly the committed images, pixel for pixel.
+// radio-artwork regenerates the committed images.
 #include <QDirIterator>
 #include <QImage>
 #include <QImageReader>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <algorithm>
+#include <climits>
+
+namespace {
+
+// Gradients and antialiased edges come out of Qt's raster engine a few
+// levels apart on different CPUs (AArch64 rounds differently from x86-64,
+// up to 9 levels measured). A wrong colour, shape or position moves whole
+// edges by far more, so the images must agree within this margin.
+constexpr int RenderingMargin = 12;
+
+// The largest difference in any channel of any pixel; INT_MAX when the
+// sizes differ.
+int largestDifference(const QImage &a, const QImage &b)
+{
+    if (a.size() != b.size())
+        return INT_MAX;
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        const auto *pa = reinterpret_cast<const QRgb *>(a.constScanLine(y));
+        const auto *pb = reinterpret_cast<const QRgb *>(b.constScanLine(y));
+        for (int x = 0; x < a.width(); ++x) {
+            largest = std::max({largest, qAbs(qRed(pa[x]) - qRed(pb[x])), qAbs(qGreen(pa[x]) - qGreen(pb[x])),
+                            qAbs(qBlue(pa[x]) - qBlue(pb[x])), qAbs(qAlpha(pa[x]) - qAlpha(pb[x]))});
+        }
+    }
+    return largest;
+}
+
+} // namespace
 
 class tst_ArtworkGenerator : public QObject
 {
@@ -53,8 +84,10 @@ void tst_ArtworkGenerator::run()
         ++compared;
         const QImage committed(QStringLiteral(RADIO_SOURCE_DIR "/") + file);
         QVERIFY2(!committed.isNull(), qPrintable(file));
-        QVERIFY2(QImage(it.filePath()).convertToFormat(QImage::Format_ARGB32) == committed.convertToFormat(QImage::Format_ARGB32),
-                 qPrintable(file + QStringLiteral(" is stale: rebuild the `artwork` target")));
+        const int difference = largestDifference(QImage(it.filePath()).convertToFormat(QImage::Format_ARGB32),
+                                                 committed.convertToFormat(QImage::Format_ARGB32));
+        QVERIFY2(difference <= RenderingMargin,
+                 qPrintable(QStringLiteral("%1 is stale (off by %2): rebuild the `artwork` target").arg(file).arg(difference)));
     }
     QCOMPARE(compared, 62);
 }
