@@ -225,7 +225,13 @@ void tst_ProtocolComm::command()
         frames << QStringLiteral("%1,%2").arg(f.code).arg(f.param);
     QCOMPARE(frames.join(QLatin1Char(' ')), QLatin1String(c.frames));
 
-    m_service->stop();
+    {
+        // The reader's own line comes at its own pace; it must not land
+        // among the command's.
+        OutputCapture lost;
+        m_service->stop();
+        QTRY_VERIFY(lost.lines().contains(QStringLiteral("Radio link lost, reconnecting")));
+    }
     OutputCapture out;
     c.send(link);
     QCOMPARE(out.lines(), lines(c.failedLog));
