@@ -472,9 +472,12 @@ void tst_TunerViewImpl::behaviour_data()
                           "ctl.ScanTypeSwitchSlot(x)", "click.StepUp"},
         {"frame 5,0", "frame 6,0", "frame 7,0"}, {"setting.scanType=false"});
     row("a new controller reads the stored scan type",
-        fm2 + QStringList{"view.sigScanStatusChange(Scan,true)", "recreate", "--", "click.StepUp",
-                          "ctl.ScanTypeChangedSlot(Scan,false)", "click.StepUp"},
-        {"frame 5,0", "frame 7,0"}, {"setting.scanType=false"});
+        fm2 + QStringList{"view.sigScanStatusChange(Scan,true)", "recreate", "--", "click.StepUp"}, {"frame 5,0"},
+        {"setting.scanType=true", "ScanBtn.onoffStatus=true"});
+    row("the scan type switched off again",
+        fm2 + QStringList{"view.sigScanStatusChange(Scan,true)", "recreate", "--", "ctl.ScanTypeChangedSlot(Scan,false)",
+                          "click.StepUp"},
+        {"frame 7,0"}, {"setting.scanType=false"});
     for (int b = 0; b <= 4; ++b) {
         const bool am = b > 2;
         const int place = am ? b - 3 : b;
@@ -489,11 +492,12 @@ void tst_TunerViewImpl::behaviour_data()
             << QStringList{other, "presets()", tune, "--", "click.FMicon", "click.AMicon", "click.BandSwitch",
                            "ctl.bandButtonPressed(3)", "ctl.bandButtonPressed(4)", "ctl.bandButtonPressed(5)",
                            "ctl.bandIncDecButtonPressed(Add)", "ctl.bandIncDecButtonPressed(Dec)",
-                           "ctl.bandIncDecButtonPressed(ID_band2)", "ctl.bandIncDecButtonPressed(ID_band7)",
+                           "ctl.bandIncDecButtonPressed(ID_band2)", "ctl.bandIncDecButtonPressed(ID_band0)",
+                           "ctl.bandIncDecButtonPressed(ID_band7)",
                            "ctl.bandIncDecButtonPressed(add)"}
             << QStringList{QStringLiteral("frame 2,%1").arg(am ? 2 : next), QStringLiteral("frame 2,%1").arg(am ? next : 5),
                            "frame 2,0", QStringLiteral("frame 2,%1").arg(am ? 1 : 4), QStringLiteral("frame 2,%1").arg(next),
-                           QStringLiteral("frame 2,%1").arg(am ? next : (b + 2) % 3 + 1), "frame 2,3",
+                           QStringLiteral("frame 2,%1").arg(am ? next : (b + 2) % 3 + 1), "frame 2,3", "frame 2,1",
                            QStringLiteral("frame 2,%1").arg(b + 1)}
             << QStringList();
     }

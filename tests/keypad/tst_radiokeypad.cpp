@@ -83,7 +83,8 @@ QString tst_RadioKeypad::offered() const
 }
 
 // Digits are taps on their keys (a greyed key ignores the tap); "*d" hands
-// digit d to the pad as if a key had sent it; '<' taps the clear key, '#'
+// digit d to the pad as if a key had sent it, '"' the next two characters
+// as one key; '<' taps the clear key, '#'
 // holds it; 'K' taps OK, 'E' is the enter key, 'C' the close key; 'a'/'f'
 // switch to AM1/FM1; the rest are the auto-hide steps of keys_data().
 void tst_RadioKeypad::play(const QString& keys)
@@ -94,6 +95,8 @@ void tst_RadioKeypad::play(const QString& keys)
             QTest::mouseClick(key(QStringLiteral("Keypad_") + c), Qt::LeftButton);
         else if (c == QLatin1Char('*'))
             m_keypad->RadioKeypadPressed(keys.at(++i));
+        else if (c == QLatin1Char('"'))
+            m_keypad->RadioKeypadPressed(keys.mid(++i, 2)), ++i;
         else if (c == QLatin1Char('<'))
             QTest::mouseClick(key(QStringLiteral("Keypad_Clear")), Qt::LeftButton);
         else if (c == QLatin1Char('#'))
@@ -147,6 +150,8 @@ void tst_RadioKeypad::keys_data()
     row("fm 87.5 at 50 kHz", 12, 1, "875", "87.5", "05");
     row("fm 1", 6, 0, "1", "1", "0");
     row("fm 1 refuses 5 however sent", 6, 0, "1*5", "1", "0");
+    row("fm keys that are not one digit", 6, 0, "*:*/\"10", "", "189");
+    row("fm 1 then a two-digit key", 6, 0, "1\"05", "1", "0");
     row("fm 105", 6, 2, "105", "105.", all);
     row("fm 105.1", 6, 0, "1051", "105.1", "");
     row("fm 200 kHz 87.", 1, 0, "87", "87.", "579");

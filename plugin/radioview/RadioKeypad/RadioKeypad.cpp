@@ -264,8 +264,7 @@ void RadioKeypad::DisableSomeKeypadNums(int value, int nextMax, int nextMin)
         const qint64 fmMax = row.fmMax;
         const qint64 fmStep = row.fmStep;
         if (c >= fmMin && c <= fmMax) {
-            // With a 100 kHz grid the tenths digit completes the entry.
-            if ((c - fmMin) % fmStep != 0 || fmStep == 10)
+            if ((c - fmMin) % fmStep != 0)
                 mask |= bit;
         } else {
             // c still takes one more digit: rule it out only when c * 10 is
