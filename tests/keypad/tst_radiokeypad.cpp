@@ -160,10 +160,12 @@ void tst_RadioKeypad::keys_data()
     row("fm 200 kHz 107.9", 1, 0, "1079", "107.9", "0");
     row("fm 30 kHz first digit", 9, 0, "", "", "67");
     row("fm 30 kHz 65.03", 9, 0, "6503", "65.03", "");
+    row("fm 30 kHz top 74.", 9, 0, "74", "74.", "0");
     row("fm no sixth digit", 12, 0, "87505", "87.50", "");
     row("am first digit", 4, 3, "", "", "156789");
     row("am 5", 4, 4, "5", "5", "23456789");
     row("am 53 only on the 9 kHz grid", 4, 3, "53", "53", "1");
+    row("am 5 refuses 1 however sent", 4, 3, "5*1", "5", "23456789");
     row("am 1", 4, 3, "1", "1", "0123456");
     row("backspace 87.5", 6, 0, "875<", "87.", "56789");
     row("backspace 87.", 6, 0, "87<", "8", "789");
