@@ -41,6 +41,7 @@ private slots:
     void keys_data();
     void keys();
     void wallPaper();
+    void dimmedKeys();
     void translatedTexts();
 
 private:
@@ -220,6 +221,18 @@ void tst_RadioKeypad::keys()
     // OK, enter, close and the timer close the pad; a hide lasts until a show.
     QCOMPARE(m_keypad->isVisible(), !keys.contains(QRegularExpression(QStringLiteral("[KECF]$|h[^s]*$"))));
     QCOMPARE(ObjectTimers::isRunning(m_keypad, AutoHideMs), counting);
+}
+
+// A digit that cannot follow stays visible but dimmed.
+void tst_RadioKeypad::dimmedKeys()
+{
+    m_keypad->sltRadioRegionChanged(0, 6);
+    HvIconButton* zero = key(QStringLiteral("Keypad_0"));
+    const QImage greyed = zero->grab().toImage();
+    play(QStringLiteral("1"));
+    const QImage lit = zero->grab().toImage();
+    QVERIFY(greyed != lit);
+    QVERIFY(greyed.pixelColor(greyed.rect().center()).alpha() > 0);
 }
 
 void tst_RadioKeypad::wallPaper()

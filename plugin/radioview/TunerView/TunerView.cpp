@@ -373,9 +373,8 @@ void TunerView::PSDisp(unsigned char* ps)
     }
     if (!m_pPSDisp)
         return;
-    char buf[9];
+    char buf[8];
     std::memcpy(buf, ps, 8);
-    buf[8] = 0;
     filterRdsBytes(buf, 8);
     m_pPSDisp->setText(QString::fromLatin1(buf, 8));
     if (m_pPSDisp->isHidden())
