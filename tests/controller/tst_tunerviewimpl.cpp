@@ -34,18 +34,19 @@
 namespace {
 
 // "tune(9810,0,preset=1)", "presets(8750,9010)", "names(ROCK,,JAZZ)",
-// "ps(RADIO 88)", "rt(text)", "pty(10,9)", "rds(0x8A)": a record of that
-// kind, positional values first; any field may be named, "cmd" included.
+// "ps(RADIO 88)", "rt(text)", "pty(10,9)", "rds(0x8A)", "aux(1,2)" (words),
+// "blocks(1,2)" (bytes): a record of that kind, positional values first;
+// any field may be named, "cmd" included.
 tag_RadioCmdFromMCU record(const QString& step)
 {
     static const QHash<QString, QPair<uint, QString>> kinds{
         {"tune", {0, "freq band"}}, {"presets", {4, "presets"}}, {"pty", {5, "pty sel"}}, {"ps", {6, "psName"}},
-        {"rt", {7, "rt"}}, {"names", {8, "names"}}, {"rds", {9, "rds"}}};
+        {"rt", {7, "rt"}}, {"names", {8, "names"}}, {"rds", {9, "rds"}}, {"aux", {35, "aux"}}, {"blocks", {36, "blocks"}}};
     // Byte offset and width; a negative width is a space-padded text.
     static const QHash<QString, QPair<int, int>> fields{
         {"cmd", {0, 4}}, {"freq", {4, 4}}, {"band", {8, 1}}, {"preset", {9, 1}}, {"dx", {10, 1}}, {"as", {11, 1}},
         {"stereo", {13, 1}}, {"ps", {14, 1}}, {"presets", {18, 2}}, {"psName", {56, -8}}, {"pty", {64, 1}},
-        {"sel", {65, 1}}, {"rds", {67, 1}}, {"names", {68, -8}}, {"rt", {164, -64}}};
+        {"sel", {65, 1}}, {"rds", {67, 1}}, {"names", {68, -8}}, {"rt", {164, -64}}, {"aux", {236, 2}}, {"blocks", {296, 1}}};
     tag_RadioCmdFromMCU r;
     std::memset(&r, 0, sizeof r);
     const QString kind = step.section(QLatin1Char('('), 0, 0);
@@ -208,7 +209,7 @@ QStringList tst_TunerViewImpl::sentFrames()
 
 void tst_TunerViewImpl::step(const QString& s)
 {
-    static const QRegularExpression isRecord(QStringLiteral("^(tune|presets|names|ps|rt|pty|rds)\\("));
+    static const QRegularExpression isRecord(QStringLiteral("^(tune|presets|names|ps|rt|pty|rds|aux|blocks)\\("));
     const QString target = s.section(QLatin1Char('.'), 0, 0);
     const QString what = s.section(QLatin1Char('.'), 1);
     if (isRecord.match(s).hasMatch()) {
@@ -279,7 +280,9 @@ QString tst_TunerViewImpl::observe(const QString& key) const
         {"setting.scanType", DataSaveControl::readSettingData(SetupStrIdConst::setupRadioScanType, "-", {}).toString()},
         {"setting.antPower", DataSaveControl::readSettingData(SetupStrIdConst::setupRadioAntPower, "-", {}).toString()},
         {"timer.560", ObjectTimers::isRunning(m_ctl, 560) ? "running" : "stopped"},
-        {"names", names.join(QLatin1Char('|'))}};
+        {"names", names.join(QLatin1Char('|'))},
+        {"kept", QStringLiteral("%1,%2|%3,%4").arg(m_ctl->lastMsg().auxWords[0]).arg(m_ctl->lastMsg().auxWords[1])
+                     .arg(m_ctl->lastMsg().auxBlocks[0][0]).arg(m_ctl->lastMsg().auxBlocks[0][1])}};
     if (values.contains(key))
         return values.value(key);
     QWidget* widget = nullptr;
@@ -362,6 +365,9 @@ void tst_TunerViewImpl::behaviour_data()
          "wire:rt(Now playing)", "wire:pty(10,0)", "wire:rds(0x0E)"},
         {}, {"FreqDisp.text=105.10", "BandName.text=FM2", "PS1.displayText=RADIO 1", "RTDisp.text=Now playing",
              "PTYDisp.text=Pop M", "host.freqText=FM2  105.10 MHz", "TunerView.shown=true", "host.flag=d"});
+    // Kinds that are only kept, each from its own kind.
+    row("aux words and blocks kept", fm1 + QStringList{"aux(7,65535)", "blocks(5,255)", "quiet:tune(9810,0,aux=1,blocks=1)"},
+        {}, {"kept=7,65535|5,255"});
 
     // Tune info.
     row("FM1 87.50 on preset 2", {"--", "tune(8750,0,preset=2)"}, {"curFreq 8750", tuneInfo, "flag 0x0"},
