@@ -496,13 +496,13 @@ void tst_TunerViewImpl::behaviour_data()
             << QStringList();
         QTest::addRow("band keys on band %d", b)
             << QStringList{other, "presets()", tune, "--", "click.FMicon", "click.AMicon", "click.BandSwitch",
-                           "ctl.bandButtonPressed(3)", "ctl.bandButtonPressed(4)", "ctl.bandButtonPressed(5)",
+                           "ctl.bandButtonPressed(4)", "ctl.bandButtonPressed(3)", "ctl.bandButtonPressed(5)",
                            "ctl.bandIncDecButtonPressed(Add)", "ctl.bandIncDecButtonPressed(Dec)",
                            "ctl.bandIncDecButtonPressed(ID_band2)", "ctl.bandIncDecButtonPressed(ID_band0)",
                            "ctl.bandIncDecButtonPressed(ID_band7)",
                            "ctl.bandIncDecButtonPressed(add)"}
             << QStringList{QStringLiteral("frame 2,%1").arg(am ? 2 : next), QStringLiteral("frame 2,%1").arg(am ? next : 5),
-                           "frame 2,0", QStringLiteral("frame 2,%1").arg(am ? 1 : 4), QStringLiteral("frame 2,%1").arg(next),
+                           QStringLiteral("frame 2,%1").arg(am ? 1 : 4), "frame 2,0", QStringLiteral("frame 2,%1").arg(next),
                            QStringLiteral("frame 2,%1").arg(am ? next : (b + 2) % 3 + 1), "frame 2,3", "frame 2,1",
                            QStringLiteral("frame 2,%1").arg(b + 1)}
             << QStringList();
