@@ -104,7 +104,7 @@ void tst_TunerView::makeView(const Host& host, int presetCount)
                                SIGNAL(sigReqExitStandby()), SIGNAL(sigOnPowerBtnClicked(QString)),
                                SIGNAL(sigAFStatusChange(QString, bool)), SIGNAL(sigTAStatusChange(QString, bool)),
                                SIGNAL(sigRegStatusChange(QString, bool)), SIGNAL(sigScanStatusChange(QString, bool)),
-                               SIGNAL(sigLocStatusChange(QString, bool))})
+                               SIGNAL(sigLocStatusChange(QString, bool)), SIGNAL(sigPTYSeekClicked(QString))})
         m_spies << new QSignalSpy(m_view, signal);
 }
 
@@ -153,6 +153,7 @@ void tst_TunerView::run(const QString& op, const QString& arg)
     else if (op == QLatin1String("scale")) m_view->ScaleBtnClicked(QString());
     else if (op == QLatin1String("touch")) QTest::mouseClick(find(m_view, arg), Qt::LeftButton, {}, QPoint(20, 20));
     else if (op == QLatin1String("locslot")) find<RadioSetting>(m_view, QStringLiteral("RadioSettingForm"))->LocStatusChangeSlot(arg);
+    else if (op == QLatin1String("ptyseek")) emit find<RadioSetting>(m_view, QStringLiteral("RadioSettingForm"))->sigPTYSeekBtnClicked(arg);
     else if (op == QLatin1String("setting")) {
         m_view->AFStatusSetting(arg.contains(QLatin1Char('a')));
         m_view->TAStatusSetting(arg.contains(QLatin1Char('t')));
@@ -355,6 +356,7 @@ void tst_TunerView::screen_data()
     row("REG touched", "", "show click:setupBtn touch:RegBtn", "sigRegStatusChange=1:RegBtn,true");
     row("scan touched below the page", "", "show click:setupBtn touch:ScanBtn", "sigScanStatusChange=1:ScanBtn,true");
     row("LOC touched", "", "show click:setupBtn touch:LocOnOff touch:LocOnOff", "sigLocStatusChange=2:LocOnOff,false");
+    row("PTY seek relayed", "", "ptyseek:PTYSeekBtn", "sigPTYSeekClicked=1:PTYSeekBtn");
     row("DX/LOC toggle needs its label", "", "locslot:x locslot:x", "sigLocStatusChange=0: LocOnOff.onoffStatus=false");
     row("settings on", "", "setting:atrs",
         "AFBtn.onoffStatus=true TABtn.onoffStatus=true RegBtn.onoffStatus=true ScanBtn.onoffStatus=true");
