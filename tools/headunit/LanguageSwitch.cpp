@@ -14,22 +14,31 @@ const char* const SourceLanguage = "en";
 // The catalogues one language needs, by base name.
 const char* const Catalogues[] = {"radio", "headunit"};
 
+// The languages offered, the source language first, with their own names.
+struct Language
+{
+    const char* code;
+    const char* nativeName;
+};
+const Language Offered[] = {{SourceLanguage, "English"}, {"de", "Deutsch"}, {"fr", "Français"}, {"cs", "Čeština"}};
+
 } // namespace
 
 QStringList LanguageSwitch::languages()
 {
-    return {QLatin1String(SourceLanguage), QStringLiteral("de"), QStringLiteral("fr"), QStringLiteral("cs")};
+    QStringList codes;
+    for (const Language& language : Offered)
+        codes << QLatin1String(language.code);
+    return codes;
 }
 
 QString LanguageSwitch::nativeName(const QString& code)
 {
-    if (code == QLatin1String("de"))
-        return QStringLiteral("Deutsch");
-    if (code == QLatin1String("fr"))
-        return QStringLiteral("Français");
-    if (code == QLatin1String("cs"))
-        return QStringLiteral("Čeština");
-    return QStringLiteral("English");
+    for (const Language& language : Offered) {
+        if (code == QLatin1String(language.code))
+            return QString::fromUtf8(language.nativeName);
+    }
+    return QString::fromUtf8(Offered[0].nativeName);
 }
 
 QString LanguageSwitch::languageFor(const QLocale& locale)

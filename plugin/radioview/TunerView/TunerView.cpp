@@ -46,6 +46,12 @@ QString fmDigits(unsigned int freq)
     return QString::asprintf("%u.%u%u", freq / 100, (freq % 100) / 10, freq % 10);
 }
 
+// The programme-type name in the current language (code 0: empty).
+QString ptyName(unsigned int pty)
+{
+    return QCoreApplication::translate("QObject", PTY_NAMES[pty].toUtf8().constData());
+}
+
 // Bytes outside space .. 'z' are shown as spaces.
 void filterRdsBytes(char* buf, int len)
 {
@@ -403,7 +409,7 @@ void TunerView::PTYDisp(unsigned int pty)
     if (!m_pPTYDisp || pty > 31)
         return;
     m_ptyShown = pty;
-    m_pPTYDisp->setText(QCoreApplication::translate("QObject", PTY_NAMES[pty].toUtf8().constData()));
+    m_pPTYDisp->setText(ptyName(pty));
     if (m_pPTYDisp->isHidden())
         m_pPTYDisp->show();
 }
@@ -685,7 +691,7 @@ void TunerView::changeEvent(QEvent* e)
     }
     m_pUi->retranslateUi(this);
     if (m_pPTYDisp) {
-        const QString name = QCoreApplication::translate("QObject", PTY_NAMES[m_ptyShown].toUtf8().constData());
+        const QString name = ptyName(m_ptyShown);
         if (m_pPTYDisp->text() != name)
             m_pPTYDisp->setText(name);
     }
