@@ -40,6 +40,8 @@ private slots:
     void cleanup();
     void keys_data();
     void keys();
+    void trail_data();
+    void trail();
     void wallPaper();
     void dimmedKeys();
     void translatedTexts();
@@ -144,30 +146,10 @@ void tst_RadioKeypad::keys_data()
     // Region 6: FM 87.50-108.00 MHz in 100 kHz steps; 12: 50 kHz steps;
     // 1: 87.50-107.90 MHz in 200 kHz steps; 9: 65.00-74.00 MHz in 30 kHz
     // steps; 4: AM 522-1629 kHz in 9 kHz steps.
-    row("fm first digit", 6, 0, "", "", "189");
-    row("fm 8", 6, 0, "8", "8", "789");
-    row("fm 87 gets its point", 6, 0, "87", "87.", "56789");
-    row("fm 87.5 complete at 100 kHz", 6, 0, "875", "87.5", "");
     row("fm 87.5 at 50 kHz", 12, 1, "875", "87.5", "05");
-    row("fm 1", 6, 0, "1", "1", "0");
-    row("fm 1 refuses 5 however sent", 6, 0, "1*5", "1", "0");
     row("fm keys that are not one digit", 6, 0, "*:*/\"10", "", "189");
     row("fm 1 then a two-digit key", 6, 0, "1\"05", "1", "0");
-    row("fm 105", 6, 2, "105", "105.", all);
-    row("fm 105.1", 6, 0, "1051", "105.1", "");
-    row("fm 200 kHz 87.", 1, 0, "87", "87.", "579");
-    row("fm 200 kHz 87.5", 1, 0, "875", "87.5", "");
-    row("fm 200 kHz 105.", 1, 0, "105", "105.", "13579");
-    row("fm 200 kHz 107.9", 1, 0, "1079", "107.9", "0");
-    row("fm 30 kHz first digit", 9, 0, "", "", "67");
-    row("fm 30 kHz 65.03", 9, 0, "6503", "65.03", "");
-    row("fm 30 kHz top 74.", 9, 0, "74", "74.", "0");
     row("fm no sixth digit", 12, 0, "87505", "87.50", "");
-    row("am first digit", 4, 3, "", "", "156789");
-    row("am 5", 4, 4, "5", "5", "23456789");
-    row("am 53 only on the 9 kHz grid", 4, 3, "53", "53", "1");
-    row("am 5 refuses 1 however sent", 4, 3, "5*1", "5", "23456789");
-    row("am 1", 4, 3, "1", "1", "0123456");
     row("backspace 87.5", 6, 0, "875<", "87.", "56789");
     row("backspace 87.", 6, 0, "87<", "8", "789");
     row("backspace empty", 6, 0, "<", "", "189");
@@ -187,6 +169,13 @@ void tst_RadioKeypad::keys_data()
     row("ok am 531", 4, 3, "531K", "", all, 531, false);
     row("ok am 1629", 4, 3, "1629K", "", all, 1629, false);
     row("ok am two digits", 4, 3, "53K", "", all, -1, false);
+    row("ok am 100 below the band", 4, 3, "100K", "", all, -1, false);
+    row("ok 76. at the bottom", 5, 0, "76K", "", all, 7600, false);
+    row("ok 90. at the top", 5, 0, "90K", "", all, 9000, false);
+    row("ok 91. above the band", 5, 0, "9*1K", "", all, -1, false);
+    row("ok 108.0", 6, 0, "1080K", "", all, 10800, false);
+    row("ok 108.00", 12, 0, "10800K", "", all, 10800, false);
+    row("ok 10 has no point", 6, 0, "10K", "", all, -1, false);
     row("close key", 6, 0, "875C", "", all, -1, false);
     // Auto-hide: 'p'/'r' finger down/up on the pad, 'k'/'u' key down/up,
     // 'h' hide, 's' show, 'F' the 15 s pass.
@@ -221,6 +210,60 @@ void tst_RadioKeypad::keys()
     // OK, enter, close and the timer close the pad; a hide lasts until a show.
     QCOMPARE(m_keypad->isVisible(), !keys.contains(QRegularExpression(QStringLiteral("[KECF]$|h[^s]*$"))));
     QCOMPARE(ObjectTimers::isRunning(m_keypad, AutoHideMs), counting);
+}
+
+// After each step (keys as in play(), then ':') the display and the digits
+// offered next; runs to the top of each band plan, one step below it, and
+// both sides of every bound a digit is checked against.
+void tst_RadioKeypad::trail_data()
+{
+    QTest::addColumn<int>("region");
+    QTest::addColumn<int>("band");
+    QTest::addColumn<QString>("trail");
+    auto row = [](const char* name, int region, int band, const char* trail) {
+        QTest::newRow(name) << region << band << QString::fromLatin1(trail);
+    };
+    // Regions: 6 FM 87.50-108.00 step 100 kHz, 5 FM 76.00-90.00 step
+    // 100 kHz, 12 step 50 kHz, 1 FM 87.50-107.90 step 200 kHz, 9 FM
+    // 65.00-74.00 step 30 kHz, 4 FM from 76.00; AM 4 522-1629 step 9,
+    // 2 531-1602, 7 531-1611, 14 522-1620, 0 530-1710 step 10, 19 520-1620.
+    row("fm 100 kHz to the top and one step below", 6, 0, ":/189 1:1/0 0:10/012345678 8:108./0 0:108.0/ <:108./0 "
+        "<:10/012345678 7:107./0123456789 9:107.9/");
+    row("fm bottom of the band", 6, 0, "*7:/189 8:8/789 *6:8/789 7:87./56789 *4:87./56789 5:87.5/");
+    row("fm 1 and 10 take only what fits", 6, 0, "1:1/0 *1:1/0 *5:1/0 0:10/012345678 *9:10/012345678 8:108./0 "
+        "*1:108./0");
+    row("fm 100 kHz band ending at 90.0", 5, 0, ":/789 *1:/789 9:9/0 0:90./0 0:90.0/ <:90./0 <:9/0 <:/789 "
+        "8:8/0123456789 9:89./0123456789 9:89.9/");
+    row("fm leading zeros", 5, 0, "*0:0/ *0:00/ *0:000./ *0:000.0/ *0:000.0/");
+    row("fm 50 kHz to the top and one step below", 12, 0, "1:1/0 0:10/012345678 8:108./0 0:108.0/0 *1:108.0/0 "
+        "0:108.00/ <:108.0/0 <:108./0 <:10/012345678 7:107./0123456789 9:107.9/05 5:107.95/");
+    row("fm 200 kHz to the top and one step below", 1, 0, "1:1/0 0:10/01234567 *8:10/01234567 7:107./13579 9:107.9/0 "
+        "0:107.90/ <:107.9/0 <:107./13579 7:107.7/");
+    row("fm 200 kHz bottom", 1, 0, "8:8/789 7:87./579 5:87.5/");
+    row("fm 30 kHz to the top and one step below", 9, 0, ":/67 7:7/01234 4:74./0 0:74.0/0 0:74.00/ <:74.0/0 <:74./0 "
+        "<:7/01234 3:73./0123456789 9:73.9/147 7:73.97/");
+    row("fm from 76 MHz first digits", 4, 0, ":/1789");
+    row("am 9 kHz 1629, bottom 522", 4, 3, ":/156789 *4:/156789 *0:/156789 1:1/0123456 *7:1/0123456 6:16/012 "
+        "*3:16/012 2:162/09 9:1629/ <:162/09 0:1620/ <:162/09 <:16/012 <:1/0123456 <:/156789 5:5/23456789 "
+        "*1:5/23456789 2:52/2 *1:52/2 2:522/");
+    row("am 9 kHz top 1602", 2, 3, "1:1/0123456 6:16/0 0:160/2 2:1602/ <:160/2 <:16/0 <:1/0123456 5:15/0123456789 "
+        "9:159/3 3:1593/");
+    row("am 9 kHz top 1611", 7, 3, "1:1/0123456 6:16/01 1:161/1 1:1611/ <:161/1 <:16/01 0:160/2 2:1602/");
+    row("am 9 kHz top 1620", 14, 3, "1:1/0123456 6:16/012 2:162/0 0:1620/ <:162/0 <:16/012 1:161/1 1:1611/");
+    row("am 10 kHz top 1710", 0, 3, "1:1/01234567 7:17/01 1:171/0 0:1710/ <:171/0 <:17/01 0:170/0 0:1700/");
+    row("am 10 kHz top 1620", 19, 3, "1:1/0123456 6:16/012 2:162/0 0:1620/ <:162/0 <:16/012 1:161/0 0:1610/");
+}
+
+void tst_RadioKeypad::trail()
+{
+    QFETCH(int, region);
+    QFETCH(int, band);
+    QFETCH(QString, trail);
+    m_keypad->sltRadioRegionChanged(band, region);
+    for (const QString& step : trail.split(QLatin1Char(' '))) {
+        play(step.section(QLatin1Char(':'), 0, 0));
+        QCOMPARE(step.section(QLatin1Char(':'), 0, 0) + QLatin1Char(':') + text("KeypadFreqDispTxt") + QLatin1Char('/') + offered(), step);
+    }
 }
 
 // A digit that cannot follow stays visible but dimmed.

@@ -264,7 +264,10 @@ void RadioKeypad::DisableSomeKeypadNums(int value, int nextMax, int nextMin)
         const qint64 fmMax = row.fmMax;
         const qint64 fmStep = row.fmStep;
         if (c >= fmMin && c <= fmMax) {
-            if ((c - fmMin) % fmStep != 0)
+            // A candidate inside the band is a hundredths digit, which a
+            // 100 kHz grid never takes. Below the band's top the 0x3FE rule
+            // would hide its absence; at the top nothing else catches it.
+            if ((c - fmMin) % fmStep != 0 || fmStep == 10)
                 mask |= bit;
         } else {
             // c still takes one more digit: rule it out only when c * 10 is
