@@ -47,6 +47,10 @@ HeadUnitShell::HeadUnitShell(const HeadUnitOptions& options, QObject* parent) : 
 
 HeadUnitShell::~HeadUnitShell()
 {
+    // A snapshot asked for after the event loop ended, while the window
+    // still stands.
+    if (m_dumpSignal && m_dumpSignal->takePending())
+        dumpOnSignal();
     // Screens go first, while the activities and the plugin code that
     // built them are still there. The activities stay registered: the
     // plugins are not unloaded.
@@ -125,10 +129,10 @@ int HeadUnitShell::start()
 
     m_shortcuts = new HostShortcuts(m_window.get(), m_inputs);
 
-    if (!m_options.dumpFile.isEmpty()) {
-        m_dumpSignal = new UnixSignalNotifier(SIGUSR1, this);
-        connect(m_dumpSignal, &UnixSignalNotifier::activated, this, &HeadUnitShell::dumpOnSignal);
-    }
+    // SIGUSR1 has been caught since main() began; what came before the
+    // window existed is answered on the event loop's first turn.
+    m_dumpSignal = new UnixSignalNotifier(SIGUSR1, this);
+    connect(m_dumpSignal, &UnixSignalNotifier::activated, this, &HeadUnitShell::dumpOnSignal);
     if (m_options.controlStdin) {
         m_commands = new ControlCommands(
             m_window.get(), m_inputs, [this](const QString& path, QString* error) { return writeDump(path, error); },
@@ -168,6 +172,10 @@ bool HeadUnitShell::writeDump(const QString& path, QString* error)
 
 void HeadUnitShell::dumpOnSignal()
 {
+    if (m_options.dumpFile.isEmpty()) {
+        qCInfo(lcShell) << "SIGUSR1 ignored: no snapshot file (--dump FILE)";
+        return;
+    }
     QString error;
     if (!writeDump(m_options.dumpFile, &error))
         qCWarning(lcShell).noquote() << QStringLiteral("cannot write the snapshot to %1: %2").arg(m_options.dumpFile, error);

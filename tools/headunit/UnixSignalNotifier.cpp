@@ -14,9 +14,11 @@ Q_LOGGING_CATEGORY(lcSignals, "hu.shell.signals")
 
 namespace {
 
-// Per signal number: whether a notifier owns it, and the write end of its
-// pipe plus one (0: none), read by the handler. Zero-initialised statics.
+// Per signal number: whether a notifier owns it, and the two ends of its
+// pipe plus one (0: not caught). Zero-initialised statics; the pipe stays
+// open until the process ends, as the handler does.
 std::atomic<bool> s_claimed[NSIG];
+std::atomic<int> s_readFdPlusOne[NSIG];
 std::atomic<int> s_writeFdPlusOne[NSIG];
 
 bool validSignal(int n)
@@ -38,23 +40,21 @@ void UnixSignalNotifier::handler(int signalNumber)
     errno = savedErrno;
 }
 
-UnixSignalNotifier::UnixSignalNotifier(int signalNumber, QObject* parent) : QObject(parent), m_signal(signalNumber)
+bool UnixSignalNotifier::catchSignal(int signalNumber)
 {
     if (!validSignal(signalNumber)) {
         qCWarning(lcSignals) << "no such signal:" << signalNumber;
-        return;
+        return false;
     }
-    if (s_claimed[signalNumber].exchange(true)) {
-        qCWarning(lcSignals) << "signal" << signalNumber << "already has a notifier";
-        return;
+    if (s_writeFdPlusOne[signalNumber].load() != 0)
+        return true;
+    int fds[2];
+    if (::pipe2(fds, O_CLOEXEC | O_NONBLOCK) != 0) {
+        qCWarning(lcSignals) << "cannot create the pipe of signal" << signalNumber << ":" << strerror(errno);
+        return false;
     }
-    if (::pipe2(m_pipe, O_CLOEXEC | O_NONBLOCK) != 0) {
-        qCWarning(lcSignals) << "cannot create the signal pipe:" << strerror(errno);
-        s_claimed[signalNumber].store(false);
-        m_pipe[0] = m_pipe[1] = -1;
-        return;
-    }
-    s_writeFdPlusOne[signalNumber].store(m_pipe[1] + 1);
+    s_readFdPlusOne[signalNumber].store(fds[0] + 1);
+    s_writeFdPlusOne[signalNumber].store(fds[1] + 1);
 
     struct sigaction action = {};
     action.sa_handler = &UnixSignalNotifier::handler;
@@ -63,44 +63,53 @@ UnixSignalNotifier::UnixSignalNotifier(int signalNumber, QObject* parent) : QObj
     if (::sigaction(signalNumber, &action, nullptr) != 0) {
         qCWarning(lcSignals) << "cannot install the handler of signal" << signalNumber << ":" << strerror(errno);
         s_writeFdPlusOne[signalNumber].store(0);
-        s_claimed[signalNumber].store(false);
-        ::close(m_pipe[0]);
-        ::close(m_pipe[1]);
-        m_pipe[0] = m_pipe[1] = -1;
+        s_readFdPlusOne[signalNumber].store(0);
+        ::close(fds[0]);
+        ::close(fds[1]);
+        return false;
+    }
+    return true;
+}
+
+UnixSignalNotifier::UnixSignalNotifier(int signalNumber, QObject* parent) : QObject(parent), m_signal(signalNumber)
+{
+    if (!catchSignal(signalNumber))
+        return;
+    if (s_claimed[signalNumber].exchange(true)) {
+        qCWarning(lcSignals) << "signal" << signalNumber << "already has a notifier";
         return;
     }
-    m_notifier = new QSocketNotifier(m_pipe[0], QSocketNotifier::Read, this);
+    m_notifier = new QSocketNotifier(s_readFdPlusOne[signalNumber].load() - 1, QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, &UnixSignalNotifier::drain);
 }
 
 UnixSignalNotifier::~UnixSignalNotifier()
 {
-    if (!m_notifier)
-        return;
-    struct sigaction action = {};
-    action.sa_handler = SIG_DFL;
-    sigemptyset(&action.sa_mask);
-    ::sigaction(m_signal, &action, nullptr);
-    s_writeFdPlusOne[m_signal].store(0);
-    ::close(m_pipe[0]);
-    ::close(m_pipe[1]);
-    s_claimed[m_signal].store(false);
+    if (m_notifier)
+        s_claimed[m_signal].store(false);
 }
 
-void UnixSignalNotifier::drain()
+bool UnixSignalNotifier::takePending()
 {
+    if (!m_notifier)
+        return false;
+    const int fd = s_readFdPlusOne[m_signal].load() - 1;
     char buffer[64];
     bool any = false;
     for (;;) {
-        const ssize_t n = ::read(m_pipe[0], buffer, sizeof buffer);
+        const ssize_t n = ::read(fd, buffer, sizeof buffer);
         if (n > 0) {
             any = true;
             continue;
         }
         if (n < 0 && errno == EINTR)
             continue;
-        break;
+        return any;
     }
-    if (any)
+}
+
+void UnixSignalNotifier::drain()
+{
+    if (takePending())
         emit activated();
 }

@@ -1,12 +1,18 @@
 #include "HeadUnitOptions.h"
 #include "HeadUnitShell.h"
+#include "UnixSignalNotifier.h"
 
 #include <QApplication>
 
+#include <csignal>
 #include <cstdio>
 
 int main(int argc, char* argv[])
 {
+    // A snapshot request (SIGUSR1) must never end the head unit, however
+    // early it comes: catch it before anything else, answer it later.
+    UnixSignalNotifier::catchSignal(SIGUSR1);
+
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("radio-headunit"));
 
