@@ -62,13 +62,18 @@ T* find(const QObject* parent, const QString& name)
 inline QLabel* label(const QObject* parent, const char* name) { return find<QLabel>(parent, QLatin1String(name)); }
 inline HvIconButton* button(const QObject* parent, const QString& name) { return find<HvIconButton>(parent, name); }
 
-// The view with its preset list filled as the controller fills it.
+// The view with its preset list filled as the controller fills it; keys
+// past the layout's six are made for an 18-key preset list.
 inline TunerView* makeView(int presetCount = 6)
 {
     auto* view = new TunerView;
     view->presetButtons().clear();
-    for (int i = 1; i <= presetCount; ++i)
-        view->presetButtons().append(button(view, QStringLiteral("PS%1").arg(i)));
+    for (int i = 1; i <= presetCount; ++i) {
+        const QString name = QStringLiteral("PS%1").arg(i);
+        HvIconButton* key = i <= 6 ? button(view, name) : new HvIconButton(view);
+        key->setObjectName(name);
+        view->presetButtons().append(key);
+    }
     view->SetRadioRegion(12);
     return view;
 }

@@ -393,28 +393,40 @@ void tst_TunerView::screen()
 void tst_TunerView::presets_data()
 {
     QTest::addColumn<int>("count");
+    QTest::addColumn<int>("listBand");  // -1: the main screen's six keys, else an 18-key list of that band
     QTest::addColumn<QList<int>>("freqs");
     QTest::addColumn<QByteArray>("names");
     QTest::addColumn<QStringList>("labels");
 
     const QByteArray blank = fields({"", "", "", "", "", ""});
-    QTest::newRow("frequencies") << 6 << QList<int>{8750, 531, 2000, 1999, 0, 10510} << blank
+    QTest::newRow("frequencies") << 6 << -1 << QList<int>{8750, 531, 2000, 1999, 0, 10510} << blank
                                  << QStringList{"87.50 MHz", "531 kHz", "20.00 MHz", "1999 kHz", "0 kHz", "105.10 MHz"};
-    QTest::newRow("names") << 6 << QList<int>{8750, 9010, 9810, 10610, 10800, 8750}
+    QTest::newRow("names") << 6 << -1 << QList<int>{8750, 9010, 9810, 10610, 10800, 8750}
                            << fields({QByteArray("ABC\0\0\0\0\0", 8), "  ABC   ", QByteArray(8, '\0'), "ROCK FM",
                                       "ABCDEFGH", "az{|}~\x7f\xe9"})
                            << QStringList{"ABC", "ABC", "98.10 MHz", "ROCK FM", "ABCDEFGH", "az"};
-    QTest::newRow("filtered bytes") << 6 << QList<int>{8750, 9010, 9810, 10610, 10800, 531}
+    QTest::newRow("filtered bytes") << 6 << -1 << QList<int>{8750, 9010, 9810, 10610, 10800, 531}
                                     << fields({"\x1f" "A B\x1f", "a\x80\xff" "b", " ", "Z{Z", "\x01\x02", "{|}~\x7f\x80\xff\x01"})
                                     << QStringList{"A B", "a  b", "98.10 MHz", "Z Z", "108.00 MHz", "531 kHz"};
-    QTest::newRow("layout lacks PS5 and PS6") << 4 << QList<int>{9010, 9010, 9010, 9010, 9010, 9010} << blank
+    QTest::newRow("layout lacks PS5 and PS6") << 4 << -1 << QList<int>{9010, 9010, 9010, 9010, 9010, 9010} << blank
                                               << QStringList{"90.10 MHz", "90.10 MHz", "90.10 MHz", "90.10 MHz",
                                                              "108.00 MHz", "87.50 MHz"};
+    // The list takes FM from entries 0-17, AM from 18-29; its last six AM keys stay empty.
+    QList<int> all;
+    for (int i = 0; i < 36; ++i)
+        all << (i < 6 ? QList<int>{8750, 531, 2000, 1999, 0, 10510}.at(i) : i < 18 ? 9000 + i : 1000 + i);
+    QTest::newRow("fm list") << 18 << 2 << all << blank
+                             << QStringList{"87.50", "531", "20.00", "1999", "0", "105.10", "90.06", "90.07", "90.08",
+                                            "90.09", "90.10", "90.11", "90.12", "90.13", "90.14", "90.15", "90.16", "90.17"};
+    QTest::newRow("am list") << 18 << 3 << all << blank
+                             << QStringList{"1018", "1019", "1020", "1021", "1022", "1023", "1024", "1025", "1026",
+                                            "1027", "1028", "1029", "", "", "", "", "", ""};
 }
 
 void tst_TunerView::presets()
 {
     QFETCH(int, count);
+    QFETCH(int, listBand);
     QFETCH(QList<int>, freqs);
     QFETCH(QByteArray, names);
     QFETCH(QStringList, labels);
@@ -424,8 +436,11 @@ void tst_TunerView::presets()
         f[i] = static_cast<unsigned short>(freqs.at(i));
     names += QByteArray(30 * 8, 'Q');
     dirtyStack();
-    m_view->Tuner_UI_PresetDisp(f, reinterpret_cast<unsigned char*>(names.data()), 0);
-    for (int i = 0; i < 6; ++i)
+    if (listBand < 0)
+        m_view->Tuner_UI_PresetDisp(f, reinterpret_cast<unsigned char*>(names.data()), 0);
+    else
+        m_view->Tuner_UI_PresetListDisp(listBand, f, nullptr);
+    for (int i = 0; i < labels.size(); ++i)
         QCOMPARE(button(m_view, QStringLiteral("PS%1").arg(i + 1))->displayText(), labels.at(i));
 }
 
