@@ -1,12 +1,23 @@
 # Front end for the CMake build: `make demo` and `make test` install what is
 # missing, build into build/ and run.
-BUILD_DIR ?= build
+#
+# QT=5 (default) or QT=6 picks the Qt major. Every folder a target builds
+# into takes the suffix -qt6 for Qt 6 (build-qt6/, build-asan-qt6/, ...),
+# so no folder holds both majors.
+QT ?= 5
+ifeq ($(QT),6)
+QT_SUFFIX := -qt6
+else ifneq ($(QT),5)
+$(error QT must be 5 or 6, not "$(QT)")
+endif
+export RADIO_QT_MAJOR := $(QT)
+BUILD_DIR ?= build$(QT_SUFFIX)
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_ARGS ?=
 # Display language of the demo's head unit: en, de, fr or cs (empty: the
 # locale's). `make demo DEMO_LANG=de`.
 DEMO_LANG ?=
-CROSS_DIR ?= build-aarch64
+CROSS_DIR ?= build-aarch64$(QT_SUFFIX)
 CCACHE := $(shell command -v ccache 2>/dev/null)
 
 .PHONY: all deps configure build test demo asan package clean \
@@ -18,7 +29,7 @@ deps:
 	@./cmake/install-deps.sh
 
 configure: deps
-	cmake -S . -B $(BUILD_DIR) $(CMAKE_ARGS)
+	cmake -S . -B $(BUILD_DIR) -DRADIO_QT_MAJOR=$(QT) $(CMAKE_ARGS)
 
 build: configure
 	cmake --build $(BUILD_DIR) -j $(JOBS)
@@ -34,19 +45,19 @@ demo: build
 # past exit.
 asan:
 	ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
-	$(MAKE) test BUILD_DIR=build-asan CMAKE_ARGS="-DRADIO_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug"
+	$(MAKE) test BUILD_DIR=build-asan$(QT_SUFFIX) CMAKE_ARGS="-DRADIO_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug"
 
 # Debian packages of this machine's architecture, in $(BUILD_DIR)/.
 package: build
 	cd $(BUILD_DIR) && cpack -G DEB
 
 # The board build: AArch64 with Debian's cross compiler and arm64 Qt, in
-# build-aarch64/. Not part of `make test`.
+# build-aarch64/ (build-aarch64-qt6/). Not part of `make test`.
 cross-deps:
 	@./cmake/install-cross-deps.sh
 
 cross-configure: cross-deps
-	cmake -S . -B $(CROSS_DIR) -DCMAKE_TOOLCHAIN_FILE=cmake/toolchain-aarch64.cmake \
+	cmake -S . -B $(CROSS_DIR) -DCMAKE_TOOLCHAIN_FILE=cmake/toolchain-aarch64.cmake -DRADIO_QT_MAJOR=$(QT) \
 		$(if $(CCACHE),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache) $(CMAKE_ARGS)
 
 cross: cross-configure

@@ -1,10 +1,16 @@
 #!/bin/sh
 # Installs Debian packages, asking apt only for what is missing: the ones
-# given as arguments, else what the build, the tests and the demo need.
+# given as arguments, else what the build, the tests and the demo need with
+# the Qt major in RADIO_QT_MAJOR (5 when unset, 6).
 # A package of another architecture (name:arm64) has that architecture
 # added first.
 set -e
-PACKAGES="${*:-cmake make g++ pkg-config qtbase5-dev qtbase5-dev-tools qttools5-dev-tools qttools5-dev libqt5test5 fonts-dejavu-core xvfb xauth}"
+case "${RADIO_QT_MAJOR:-5}" in
+5) QT_PACKAGES="qtbase5-dev qtbase5-dev-tools qttools5-dev-tools qttools5-dev libqt5test5" ;;
+6) QT_PACKAGES="qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libqt6test6 qt6-qpa-plugins" ;;
+*) echo "install-deps: RADIO_QT_MAJOR must be 5 or 6, not $RADIO_QT_MAJOR" >&2; exit 64 ;;
+esac
+PACKAGES="${*:-cmake make g++ pkg-config $QT_PACKAGES fonts-dejavu-core xvfb xauth}"
 missing=""
 for p in $PACKAGES; do
     if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then

@@ -396,9 +396,16 @@ bool HvIconButton::event(QEvent* e)
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd: {
         const auto* te = static_cast<QTouchEvent*>(e);
-        if (te->touchPoints().isEmpty())
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+        const auto& points = te->points();
+        const auto position = [](const QEventPoint& p) { return p.position().toPoint(); };
+#else
+        const auto& points = te->touchPoints();
+        const auto position = [](const QTouchEvent::TouchPoint& p) { return p.pos().toPoint(); };
+#endif
+        if (points.isEmpty())
             return true;
-        const QPoint pos = te->touchPoints().first().pos().toPoint();
+        const QPoint pos = position(points.first());
         if (e->type() == QEvent::TouchBegin)
             pressAt(pos);
         else if (e->type() == QEvent::TouchUpdate)

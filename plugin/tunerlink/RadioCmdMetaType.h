@@ -7,10 +7,12 @@
 
 #include <cstring>
 
-// The meta-type system default-initialises a record it constructs without a
-// source (QMetaType::create/construct), which leaves a plain struct's bytes
-// as they were; the record's contract is all zeros. The record itself stays
-// a trivial type so that it can be cleared and copied bytewise.
+// Qt 5's meta-type system default-initialises a record it constructs
+// without a source (QMetaType::create/construct), which leaves a plain
+// struct's bytes as they were; the record's contract is all zeros. Qt 6
+// value-initialises, which zeroes it. The record itself stays a trivial
+// type so that it can be cleared and copied bytewise.
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 namespace QtMetaTypePrivate {
 template <>
 struct QMetaTypeFunctionHelper<tag_RadioCmdFromMCU, true> {
@@ -25,6 +27,7 @@ struct QMetaTypeFunctionHelper<tag_RadioCmdFromMCU, true> {
     }
 };
 } // namespace QtMetaTypePrivate
+#endif
 
 // Lets the status record travel by value through queued signals.
 Q_DECLARE_METATYPE(RadioCmdFromMCU_T)

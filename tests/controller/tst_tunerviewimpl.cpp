@@ -36,7 +36,7 @@ namespace {
 // "tune(9810,0,preset=1)", "presets(8750,9010)", "names(ROCK,,JAZZ)",
 // "ps(RADIO 88)", "rt(text)", "pty(10,9)", "rds(0x8A)", "aux(1,2)" (words),
 // "blocks(1,2)" (bytes): a record of that kind, positional values first;
-// any field may be named, "cmd" included.
+// any field may be named, "cmd" included. Values are percent-encoded.
 tag_RadioCmdFromMCU record(const QString& step)
 {
     static const QHash<QString, QPair<uint, QString>> kinds{
@@ -56,7 +56,7 @@ tag_RadioCmdFromMCU record(const QString& step)
     for (int i = 0; i < args.size(); ++i) {
         const bool named = args[i].contains(QLatin1Char('='));
         const QString key = named ? args[i].section(QLatin1Char('='), 0, 0) : positional.value(i, positional.last());
-        const QByteArray value = args[i].section(QLatin1Char('='), named ? 1 : 0).toLatin1();
+        const QByteArray value = QByteArray::fromPercentEncoding(args[i].section(QLatin1Char('='), named ? 1 : 0).toLatin1());
         const QPair<int, int> f = fields.value(key);
         char* at = reinterpret_cast<char*>(&r) + f.first + (named ? 0 : i - positional.indexOf(key)) * qAbs(f.second);
         const quint32 number = value.toUInt(nullptr, 0);
@@ -81,13 +81,18 @@ bool invoke(QObject* target, const QString& call)
             continue;
         QVariant values[2];
         QGenericArgument generic[2];
+        const QList<QByteArray> typeNames = m.parameterTypes();
         for (int p = 0; p < args.size(); ++p) {
             const int type = m.parameterType(p);
             values[p] = type == QMetaType::QString ? QVariant(args[p])
                 : type == QMetaType::Bool        ? QVariant(args[p] == QLatin1String("true"))
                                                  : QVariant(args[p].toLongLong());
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+            values[p].convert(QMetaType(type));
+#else
             values[p].convert(type);
-            generic[p] = QGenericArgument(QMetaType::typeName(type), values[p].data());
+#endif
+            generic[p] = QGenericArgument(typeNames[p].constData(), values[p].data());
         }
         return m.invoke(target, Qt::DirectConnection, generic[0], generic[1]);
     }
@@ -269,10 +274,14 @@ QString tst_TunerViewImpl::observe(const QString& key) const
     for (const auto& n : m_ctl->lastMsg().presetPsName)
         names << QString::fromLatin1(reinterpret_cast<const char*>(n), int(qstrnlen(reinterpret_cast<const char*>(n), 8)))
                      .trimmed();
+    // The host's texts as the bytes it got, percent-encoded but for spaces.
+    const auto bytes = [](const char* text, size_t size) {
+        return QString::fromLatin1(QByteArray(text, int(qstrnlen(text, size))).toPercentEncoding(" "));
+    };
     const QHash<QString, QString> values{
-        {"host.freqText", QString::fromLocal8Bit(info.freqText)},
-        {"host.psText", QString::fromLocal8Bit(info.psText)},
-        {"host.ptyText", QString::fromLocal8Bit(info.ptyText)},
+        {"host.freqText", bytes(info.freqText, sizeof info.freqText)},
+        {"host.psText", bytes(info.psText, sizeof info.psText)},
+        {"host.ptyText", bytes(info.ptyText, sizeof info.ptyText)},
         {"host.flag", QString::number(m_radio.radioFlag(), 16)},
         {"AppData.band", app ? QString::number(app->tunerBand()) : QString()},
         {"AppData.preset", app ? QString::number(app->tunerPreset()) : QString()},
@@ -439,6 +448,13 @@ void tst_TunerViewImpl::behaviour_data()
     row("programme-service name of eight letters", fm1 + QStringList{"ps(ABCDEFGH,pty=7)"}, {tuneInfo},
         {"host.psText=ABCDEFGH", "PSDisp.text=ABCDEFGH"});
     row("radio text", fm1 + QStringList{"rt(Now playing)"}, {}, {"RTDisp.text=Now playing"});
+    // Bytes beyond ASCII, Latin-1 and UTF-8: the same on every Qt.
+    row("PS bytes beyond ASCII", fm1 + QStringList{"ps(%E9T%C3%A9)"}, {tuneInfo},
+        {"host.psText=%E9T%C3%A9    ", "PSDisp.text= T      "});
+    row("radio text in UTF-8 and Latin-1", fm1 + QStringList{"rt(D%C3%A9j%C3%A0 caf%E9 %C5%99)"}, {},
+        {"RTDisp.text=D\u00e9j\u00e0 caf\ufffd \u0159"});
+    row("preset names beyond ASCII", fm1 + QStringList{"presets(8750)", "names(R%C3%A4DIO,%E9%E9)"}, {},
+        {"PS1.displayText=R  DIO", "PS2.displayText=0 kHz"});
     row("preset frequencies and names", fm1 + QStringList{"presets(8750,9010,9810)", "names(,,JAZZ)"}, {},
         {"PS1.displayText=87.50 MHz", "PS3.displayText=JAZZ"});
     row("kinds the screen does not read",

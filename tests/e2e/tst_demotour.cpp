@@ -36,9 +36,9 @@ void TestDemoTour::everyStepWorksAndLeavesAScreenshot()
     for (const QString& shot : shots)
         QCOMPARE(QImage(tour.filePath(shot)).size(), QSize(1280, 720));
     QVERIFY(QImage(tour.filePath(shots.first())) != QImage(tour.filePath(shots.last())));
-    for (const QString& frame : {"<- RC_SEEK_UP", "<- RC_SEEK_DOWN", "<- RC_PRESET(0) param=2", "<- RC_PRESET_LONG(1) param=5",
+    for (const char* frame : {"<- RC_SEEK_UP", "<- RC_SEEK_DOWN", "<- RC_PRESET(0) param=2", "<- RC_PRESET_LONG(1) param=5",
                                  "<- RC_SET_FREQ(17) param=10110", "<- RC_AF(", "<- RC_BAND("})
-        QVERIFY2(sim.count(frame) > 0, qPrintable(frame));
+        QVERIFY2(sim.count(QLatin1String(frame)) > 0, frame);
 }
 
 QTEST_MAIN(TestDemoTour)

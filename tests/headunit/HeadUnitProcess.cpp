@@ -62,7 +62,8 @@ QString HeadUnitProcess::command(const QString& line, int timeoutMs)
 {
     const int before = m_answers.size();
     process.write(line.toUtf8() + '\n');
-    QTest::qWaitFor([&] { return m_answers.size() > before || process.state() != QProcess::Running; }, timeoutMs);
+    if (!QTest::qWaitFor([&] { return m_answers.size() > before || process.state() != QProcess::Running; }, timeoutMs))
+        return QString();
     return m_answers.value(before);
 }
 

@@ -434,14 +434,14 @@ void tst_ProtocolComm::queuedHandOver()
 
 void tst_ProtocolComm::recordWithoutSourceIsZero()
 {
-    const int id = qRegisterMetaType<RadioCmdFromMCU_T>("RadioCmdFromMCU_T");
+    const QMetaType type(qRegisterMetaType<RadioCmdFromMCU_T>("RadioCmdFromMCU_T"));
     const QByteArray zeros(sizeof(tag_RadioCmdFromMCU), '\0');
     QByteArray storage(sizeof(tag_RadioCmdFromMCU), '\xA5');
-    QMetaType::destruct(id, QMetaType::construct(id, storage.data(), nullptr));
+    type.destruct(type.construct(storage.data(), nullptr));
     QCOMPARE(storage, zeros);
-    void* made = QMetaType::create(id);
+    void* made = type.create();
     QCOMPARE(QByteArray(static_cast<const char*>(made), zeros.size()), zeros);
-    QMetaType::destroy(id, made);
+    type.destroy(made);
 }
 
 // The service stops reading: once its socket is full a command fails with

@@ -15,7 +15,7 @@ QColor blue() { return QColor(20, 80, 255); }
 QColor orange() { return QColor(255, 123, 2); }
 QColor ink() { return QColor(222, 230, 240); }
 
-QFont font(int pixelSize, int weight)
+QFont font(int pixelSize, QFont::Weight weight)
 {
     QFont f(QStringLiteral("DejaVu Sans"));
     f.setPixelSize(pixelSize);

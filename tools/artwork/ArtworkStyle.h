@@ -23,7 +23,7 @@ QColor orange();
 QColor ink();
 
 // DejaVu Sans at a pixel size, unhinted: the same glyphs on every machine.
-QFont font(int pixelSize, int weight = QFont::Normal);
+QFont font(int pixelSize, QFont::Weight weight = QFont::Normal);
 
 // Three box passes, close to a Gaussian of the given radius.
 QImage blurred(const QImage& image, int radius);

@@ -13,6 +13,18 @@ int main(int argc, char* argv[])
     // early it comes: catch it before anything else, answer it later.
     UnixSignalNotifier::catchSignal(SIGUSR1);
 
+    // The head unit drives a fixed 1280 x 720 panel whose layouts give fonts
+    // in points, drawn at 100 dpi, and coordinates in device pixels. Pin
+    // both, so that neither the display's DPI nor the Qt major moves a text
+    // or a button: Qt 6 would take 96 dpi and scale the window on a high-DPI
+    // display. Values the user sets win.
+    if (!qEnvironmentVariableIsSet("QT_FONT_DPI"))
+        qputenv("QT_FONT_DPI", "100");
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    if (!qEnvironmentVariableIsSet("QT_ENABLE_HIGHDPI_SCALING"))
+        qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+#endif
+
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("radio-headunit"));
 

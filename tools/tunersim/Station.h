@@ -18,7 +18,7 @@ struct Station {
     bool mono = false;
     int taPeriodMs = 0;       // time between traffic announcements, 0 = none
     int taLengthMs = 0;       // length of one announcement
-    QSharedPointer<const RdsLog> rdsLog;   // recorded groups replayed instead of the static RDS data
+    QSharedPointer<const RdsLog> rdsLog {};   // recorded groups replayed instead of the static RDS data
 };
 
 #endif
