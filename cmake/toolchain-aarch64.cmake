@@ -36,3 +36,4 @@ endif()
 execute_process(COMMAND dpkg-architecture -qDEB_BUILD_MULTIARCH
     OUTPUT_VARIABLE RADIO_BUILD_MULTIARCH OUTPUT_STRIP_TRAILING_WHITESPACE)
 set(Qt5LinguistTools_DIR /usr/lib/${RADIO_BUILD_MULTIARCH}/cmake/Qt5LinguistTools CACHE PATH "")
+set(Qt6LinguistTools_DIR /usr/lib/${RADIO_BUILD_MULTIARCH}/cmake/Qt6LinguistTools CACHE PATH "")

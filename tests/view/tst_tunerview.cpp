@@ -136,6 +136,7 @@ void tst_TunerView::run(const QString& op, const QString& arg)
     else if (op == QLatin1String("tatp")) m_view->TATPStatusDisp(arg.at(0) == QLatin1Char('1'), arg.at(1) == QLatin1Char('1'), arg.at(2) == QLatin1Char('1'));
     else if (op == QLatin1String("clear")) m_view->ClearRDSDisp();
     else if (op == QLatin1String("hide")) find(m_view, arg)->hide();
+    else if (op == QLatin1String("down")) button(m_view, arg)->setIsDown(true);
     else if (op == QLatin1String("write")) find<HvRollingText>(m_view, arg)->setText(QStringLiteral("X"));
     else if (op == QLatin1String("fire")) QVERIFY2(ObjectTimers::fire(m_view, n), qPrintable(arg));
     else if (op == QLatin1String("show")) m_view->show();
@@ -242,7 +243,7 @@ void tst_TunerView::screen_data()
     row("FM2", "", "band:4 band:1", "BandName=FM2 FMicon=FM2 AMicon=AM2 BandSwitch.isDown=false");
     row("AM1", "", "band:1 band:3", "BandName=AM1 FMicon=FM2 AMicon=AM1 BandSwitch.isDown=true");
     row("AM2 then FM3 keeps AM2", "", "band:4 band:2", "BandName=FM3 AMicon=AM2");
-    row("unknown band", "", "band:4 band:7",
+    row("unknown band", "", "band:4 down:AMicon band:7",
         "BandName=FM1 FMicon=FM1 FMicon.isDown=true AMicon.isDown=false BandSwitch.isDown=true");
     // The scale takes the band's range from the region table.
     row("region 12 FM", "", "param:0", "sigRadioFreqParamChanged=1:true,87.5,108,0.05 radioSlider.isFM=true");
