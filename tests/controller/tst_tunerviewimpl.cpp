@@ -571,6 +571,7 @@ void tst_TunerViewImpl::behaviour_data()
         {"region 4,12"}, {"RadioKeypad.shown=true"});
     row("hiding the screen hides the keypad", am2 + QStringList{"show", "click.Keyboard", "hide"}, {"region 4,12"},
         {"RadioKeypad.shown=false"});
+    row("hiding the screen makes no keypad", am2 + QStringList{"show", "hide"}, {}, {"RadioKeypad.shown=missing"});
     row("keypad entry tunes",
         fm2 + QStringList{"click.Keyboard", "click.Keypad_1", "click.Keypad_0", "click.Keypad_5", "click.Keypad_1",
                           "click.Keypad_OK"},

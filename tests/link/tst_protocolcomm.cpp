@@ -97,6 +97,7 @@ private slots:
     void handOver();
     void reconnect_data();
     void reconnect();
+    void backoff();
 
     // Backpressure and hardening (definitions at the end of the file).
     void queuedHandOver_data();
@@ -337,6 +338,20 @@ void tst_ProtocolComm::reconnect()
     QVERIFY(got.size() == 1 && same(got[0], fresh));
     QCOMPARE(m_service->acceptedCount(), accepted + 1);
     QCOMPARE(out.lines().filter(QStringLiteral("-radio socket read failed")), errors);
+}
+
+// A service that hangs up at once is called back after pauses that double
+// from 0.1 s (+-20 %), never in a spin.
+void tst_ProtocolComm::backoff()
+{
+    QVERIFY(startLink(true));
+    QElapsedTimer clock;
+    clock.start();
+    for (int accepted = m_service->acceptedCount(), i = 0; i < 3; ++i, ++accepted) {
+        m_service->closeClient();
+        QVERIFY(m_service->waitForClient(accepted, 10000));
+    }
+    QVERIFY2(clock.elapsed() >= 500, qPrintable(QString::number(clock.elapsed())));
 }
 
 // ---- Backpressure and hardening ----
