@@ -390,6 +390,8 @@ void tst_TunerViewImpl::behaviour_data()
         {"host.freqText=AM1  531 kHz", "FreqDisp.text=531", "MKHz.text=kHz", "BandName.text=AM1"});
     row("1999 is AM", {"--", "tune(1999,4)"}, {"band 4", "scale AM 531-1629/1", "curFreq 1999", tuneInfo, "flag 0x0"},
         {"host.freqText=AM2  1999 kHz", "MKHz.text=kHz"});
+    row("AM on an FM band: the band counts below zero, cut to the host's field", {"--", "tune(999,0)"},
+        {"curFreq 999", tuneInfo, "flag 0x0"}, {"host.freqText=AM4294967294  999 k"});
     row("2000 is FM whatever the band", {"--", "tune(2000,4)"},
         {"band 4", "scale AM 531-1629/1", "curFreq 2000", tuneInfo, "flag 0x0"},
         {"host.freqText=FM5  20.00 MHz", "FreqDisp.text=20.00", "MKHz.text=MHz"});

@@ -361,6 +361,7 @@ void tst_TunerView::screen_data()
     row("DX/LOC toggle needs its label", "", "locslot:x locslot:x", "sigLocStatusChange=0: LocOnOff.onoffStatus=false");
     row("settings on", "", "setting:atrs",
         "AFBtn.onoffStatus=true TABtn.onoffStatus=true RegBtn.onoffStatus=true ScanBtn.onoffStatus=true");
+    row("page follows the language", "", "translated language", "RadioSettingForm.windowTitle=RadioSettingForm|Form");
     row("settings off", "", "setting:atrs setting:",
         "AFBtn.onoffStatus=false TABtn.onoffStatus=false RegBtn.onoffStatus=false ScanBtn.onoffStatus=false");
 }
