@@ -16,7 +16,9 @@ private slots:
 void tst_HvIconButton::touch_data()
 {
     QTest::addColumn<QString>("setup");  // 'l' long press, 'r' repeat, 'd' disabled, 'k' lock
-    QTest::addColumn<QString>("steps");  // 'p' press, 'o' move out, 'i' back in, 'R'/'X' release in/out, 'w' until the next long press
+    // 'p' press, 'o' move out, 'i' back in, 'R'/'X' release in/out, 'w' until the next long press; 't', 'O', 'T' a
+    // finger down, moved out, lifted on the touch screen
+    QTest::addColumn<QString>("steps");
     QTest::addColumn<int>("clicks");
     QTest::addColumn<int>("longPresses");
     QTest::addColumn<bool>("down");
@@ -27,6 +29,8 @@ void tst_HvIconButton::touch_data()
     QTest::newRow("long press repeats while held") << "lr" << "pwwwR" << 0 << 3 << false;
     QTest::newRow("disabled ignores touches") << "d" << "pR" << 0 << 0 << false;
     QTest::newRow("locked stays down") << "k" << "pR" << 1 << 0 << true;
+    QTest::newRow("finger tap") << "" << "tT" << 1 << 0 << false;
+    QTest::newRow("finger slides off") << "" << "tOT" << 0 << 0 << false;
 }
 
 void tst_HvIconButton::touch()
@@ -53,6 +57,8 @@ void tst_HvIconButton::touch()
     QSignalSpy clicks(&button, &HvIconButton::btnClicked);
     QSignalSpy holds(&button, &HvIconButton::btnLongPress);
     int held = 0;
+    static auto* const screen = QTest::createTouchDevice();
+    QPoint finger(20, 20);
     QFETCH(int, longPresses);
     for (QChar step : steps) {
         switch (step.toLatin1()) {
@@ -61,6 +67,9 @@ void tst_HvIconButton::touch()
         case 'i': QTest::mouseMove(&button, QPoint(20, 20)); break;
         case 'R': QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(20, 20)); break;
         case 'X': QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(80, 20)); break;
+        case 't': QTest::touchEvent(&button, screen).press(0, finger, &button); break;
+        case 'O': QTest::touchEvent(&button, screen).move(0, finger = QPoint(80, 20), &button); break;
+        case 'T': QTest::touchEvent(&button, screen).release(0, finger, &button); break;
         case 'w':
             ++held;
             QTRY_COMPARE(holds.count(), held);
