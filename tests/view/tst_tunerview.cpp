@@ -404,9 +404,9 @@ void tst_TunerView::presets_data()
     QTest::newRow("frequencies") << 6 << -1 << QList<int>{8750, 531, 2000, 1999, 0, 10510} << blank
                                  << QStringList{"87.50 MHz", "531 kHz", "20.00 MHz", "1999 kHz", "0 kHz", "105.10 MHz"};
     QTest::newRow("names") << 6 << -1 << QList<int>{8750, 9010, 9810, 10610, 10800, 8750}
-                           << fields({QByteArray("ABC\0\0\0\0\0", 8), "  ABC   ", QByteArray(8, '\0'), "ROCK FM",
+                           << fields({QByteArray("ABC\0\0\0\0\0", 8), "  ABC   ", QByteArray(8, '\0'), "!ROCK FM",
                                       "ABCDEFGH", "az{|}~\x7f\xe9"})
-                           << QStringList{"ABC", "ABC", "98.10 MHz", "ROCK FM", "ABCDEFGH", "az"};
+                           << QStringList{"ABC", "ABC", "98.10 MHz", "!ROCK FM", "ABCDEFGH", "az"};
     QTest::newRow("filtered bytes") << 6 << -1 << QList<int>{8750, 9010, 9810, 10610, 10800, 531}
                                     << fields({"\x1f" "A B\x1f", "a\x80\xff" "b", " ", "Z{Z", "\x01\x02", "{|}~\x7f\x80\xff\x01"})
                                     << QStringList{"A B", "a  b", "98.10 MHz", "Z Z", "108.00 MHz", "531 kHz"};
