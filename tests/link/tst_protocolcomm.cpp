@@ -425,8 +425,10 @@ void tst_ProtocolComm::queuedHandOver()
     Flood flood(m_service.get(), total);
     QTRY_COMPARE(m_pTuner.queuedCount(), TunerHandle::MaxQueued);
     QCOMPARE(int(controller.queue.size()), TunerHandle::MaxQueued);
+    QVERIFY(link->isConnected());
     if (end == LinkStopped)
         link->Stop();
+    QCOMPARE(link->isConnected(), end != LinkStopped);
     if (end != TakenUp)
         m_pTuner = nullptr;
     if (end == LinkStopped)

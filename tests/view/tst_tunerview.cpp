@@ -413,13 +413,14 @@ void tst_TunerView::presets_data()
     QTest::newRow("layout lacks PS5 and PS6") << 4 << -1 << QList<int>{9010, 9010, 9010, 9010, 9010, 9010} << blank
                                               << QStringList{"90.10 MHz", "90.10 MHz", "90.10 MHz", "90.10 MHz",
                                                              "108.00 MHz", "87.50 MHz"};
-    // The list takes FM from entries 0-17, AM from 18-29; its last six AM keys stay empty.
+    // The list takes FM from entries 0-17, AM from 18-29; its last six AM keys
+    // stay empty; a 19th key is not the list's.
     QList<int> all;
     for (int i = 0; i < 36; ++i)
         all << (i < 6 ? QList<int>{8750, 531, 2000, 1999, 0, 10510}.at(i) : i < 18 ? 9000 + i : 1000 + i);
-    QTest::newRow("fm list") << 18 << 2 << all << blank
-                             << QStringList{"87.50", "531", "20.00", "1999", "0", "105.10", "90.06", "90.07", "90.08",
-                                            "90.09", "90.10", "90.11", "90.12", "90.13", "90.14", "90.15", "90.16", "90.17"};
+    QTest::newRow("fm list") << 19 << 2 << all << blank
+                             << QStringList{"87.50", "531", "20.00", "1999", "0", "105.10", "90.06", "90.07", "90.08", "90.09",
+                                            "90.10", "90.11", "90.12", "90.13", "90.14", "90.15", "90.16", "90.17", ""};
     QTest::newRow("am list") << 18 << 3 << all << blank
                              << QStringList{"1018", "1019", "1020", "1021", "1022", "1023", "1024", "1025", "1026",
                                             "1027", "1028", "1029", "", "", "", "", "", ""};
