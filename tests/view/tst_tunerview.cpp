@@ -154,6 +154,7 @@ void tst_TunerView::run(const QString& op, const QString& arg)
     else if (op == QLatin1String("scale")) m_view->ScaleBtnClicked(QString());
     else if (op == QLatin1String("touch")) QTest::mouseClick(find(m_view, arg), Qt::LeftButton, {}, QPoint(20, 20));
     else if (op == QLatin1String("locslot")) find<RadioSetting>(m_view, QStringLiteral("RadioSettingForm"))->LocStatusChangeSlot(arg);
+    else if (op == QLatin1String("switchable")) find<RadioSetting>(m_view, QStringLiteral("RadioSettingForm"))->updateButtonStates(n);
     else if (op == QLatin1String("ptyseek")) emit find<RadioSetting>(m_view, QStringLiteral("RadioSettingForm"))->sigPTYSeekBtnClicked(arg);
     else if (op == QLatin1String("setting")) {
         m_view->AFStatusSetting(arg.contains(QLatin1Char('a')));
@@ -283,6 +284,7 @@ void tst_TunerView::screen_data()
     row("language change in dark phase", "", "start:0 fire:1000 language", "AS_PS_DispLabel=AS");
     row("language change PS", "", "start:1 fire:1000 language", "AS_PS_DispLabel=PS");
     row("language change, no blink", "", "language", "AS_PS_DispLabel=");
+    row("language change after the blink", "", "start:0 stop language", "AS_PS_DispLabel=");
     // The current preset's button is pressed and locked; the lock stays.
     row("PS1", "", "preset:1", "presets.isDown=100000 presets.isLock=100000");
     row("PS6", "", "preset:6", "presets.isDown=000001 presets.isLock=000001");
@@ -362,6 +364,8 @@ void tst_TunerView::screen_data()
     row("settings on", "", "setting:atrs",
         "AFBtn.onoffStatus=true TABtn.onoffStatus=true RegBtn.onoffStatus=true ScanBtn.onoffStatus=true");
     row("page follows the language", "", "translated language", "RadioSettingForm.windowTitle=RadioSettingForm|Form");
+    row("host greys the switches out", "", "switchable:0",
+        "AFBtn.btnDisable=true TABtn.btnDisable=true RegBtn.btnDisable=true ScanBtn.btnDisable=true LocOnOff.btnDisable=true");
     row("settings off", "", "setting:atrs setting:",
         "AFBtn.onoffStatus=false TABtn.onoffStatus=false RegBtn.onoffStatus=false ScanBtn.onoffStatus=false");
 }
