@@ -44,6 +44,23 @@ public:
     bool isEmpty() const override { return false; }
 };
 
+// Gives every settings page built while it is installed the DX/LOC label
+// that some layouts have.
+class DxLabelAdder : public QObject
+{
+    bool eventFilter(QObject* watched, QEvent* e) override
+    {
+        if (e->type() == QEvent::ChildAdded && !m_adding && qobject_cast<RadioSetting*>(watched)
+            && !watched->findChild<QLabel*>(QStringLiteral("loc_dx_disp_label"))) {
+            m_adding = true;
+            (new QLabel(QStringLiteral("DX"), static_cast<QWidget*>(watched)))->setObjectName(QStringLiteral("loc_dx_disp_label"));
+            m_adding = false;
+        }
+        return false;
+    }
+    bool m_adding = false;
+};
+
 const char* const PtyNames[32] = {"",        "News",     "Affairs", "Info",     "Sports",   "Educate", "Drama",
                                   "Culture", "Science",  "Varied",  "Pop M",    "Rock M",   "Easy M",  "Light M",
                                   "Classics", "Other M", "Weather", "Finance",  "Children", "Social",  "Religion",
@@ -361,6 +378,10 @@ void tst_TunerView::screen_data()
     row("LOC touched", "", "show click:setupBtn touch:LocOnOff touch:LocOnOff", "sigLocStatusChange=2:LocOnOff,false");
     row("PTY seek relayed", "", "ptyseek:PTYSeekBtn", "sigPTYSeekClicked=1:PTYSeekBtn");
     row("DX/LOC toggle needs its label", "", "locslot:x locslot:x", "sigLocStatusChange=0: LocOnOff.onoffStatus=false");
+    row("DX/LOC toggle to LOC", "dxlabel", "locslot:x", "sigLocStatusChange=1:x,true loc_dx_disp_label=LOC");
+    row("DX/LOC toggle back to DX", "dxlabel", "locslot:x locslot:y", "sigLocStatusChange=2:y,false loc_dx_disp_label=DX");
+    row("LOC from the tuner on the label", "dxlabel", "dx:1", "loc_dx_disp_label=LOC");
+    row("DX from the tuner on the label", "dxlabel", "dx:1 dx:0", "loc_dx_disp_label=DX");
     row("settings on", "", "setting:atrs",
         "AFBtn.onoffStatus=true TABtn.onoffStatus=true RegBtn.onoffStatus=true ScanBtn.onoffStatus=true");
     row("page follows the language", "", "translated language", "RadioSettingForm.windowTitle=RadioSettingForm|Form");
@@ -375,8 +396,12 @@ void tst_TunerView::screen()
     QFETCH(QString, host);
     QFETCH(QString, steps);
     QFETCH(QString, expected);
+    DxLabelAdder dxLabel;
+    if (host == QLatin1String("dxlabel"))
+        qApp->installEventFilter(&dxLabel);
     if (!host.isEmpty())
         makeView({host != QLatin1String("noplatform"), host != QLatin1String("noaudio"), host == QLatin1String("usermute")});
+    qApp->removeEventFilter(&dxLabel);
     if (steps.startsWith(QLatin1String("pty:")))
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("^========================pty: \\d+$")));
     for (const QString& step : steps.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
