@@ -621,6 +621,11 @@ void tst_TunerViewImpl::floodWithControllersComingAndGoing()
     });
     for (int cycle = 0; cycle < 8; ++cycle) {
         create();
+        // Until this thread takes its records up, the reader stops at the limit.
+        QElapsedTimer clock;
+        for (clock.start(); cycle == 0 && m_pTuner.queuedCount() < TunerHandle::MaxQueued && clock.elapsed() < 10000;)
+            std::this_thread::yield();
+        QVERIFY(cycle > 0 || m_pTuner.queuedCount() == TunerHandle::MaxQueued);
         float last = 0;
         int handled = 0;
         bool inOrder = true;

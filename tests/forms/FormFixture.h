@@ -1,11 +1,11 @@
 #pragma once
+#include "ContextTranslator.h"
 // What the layout suites share: one table per form of its widgets' class,
 // geometry, place in the stacking order and settings, read back from the
 // built form.
 #include <QCoreApplication>
 #include <QLabel>
 #include <QTest>
-#include <QTranslator>
 
 // The host's images (backgrounds, band keys) that the layouts name.
 inline void initHostImages()
@@ -14,17 +14,6 @@ inline void initHostImages()
 }
 
 namespace FormFixture {
-
-// Shows every translated text as "context|source".
-class ContextTranslator : public QTranslator
-{
-public:
-    QString translate(const char* context, const char* text, const char*, int) const override
-    {
-        return QString::fromLatin1(context) + QLatin1Char('|') + QString::fromUtf8(text);
-    }
-    bool isEmpty() const override { return false; }
-};
 
 // A widget's class, geometry and place in the stacking order (1 lowest).
 inline void widget(const char* name, const char* className, int x, int y, int w, int h, int stack)

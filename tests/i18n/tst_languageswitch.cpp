@@ -6,7 +6,6 @@
 #include "HeadUnitShell.h"
 #include "HeadUnitWindow.h"
 #include "HostInputs.h"
-#include "HostState.h"
 #include "HvIconButton.h"
 #include "HvRollingText.h"
 #include "LanguageSwitch.h"
@@ -52,7 +51,6 @@ private slots:
     void followsLanguage();
     void radioTextDiacritics_data();
     void radioTextDiacritics();
-    void stereoAndAsPsQuirks();
 
 private:
     QWidget* widget(const QString& name) const { return SyntheticInput::findWidget(m_shell->window(), name); }
@@ -194,33 +192,6 @@ void tst_LanguageSwitch::radioTextDiacritics()
     switchTo(QStringLiteral("cs"));
     SyntheticInput::click(widget(preset));
     QTRY_VERIFY_WITH_TIMEOUT(text(QStringLiteral("RTDisp")).startsWith(expected), Timeout);
-    switchTo(QStringLiteral("en"));
-}
-
-void tst_LanguageSwitch::stereoAndAsPsQuirks()
-{
-    // On a mono station the stereo label shows the translated "ST" until
-    // the next stereo update.
-    m_shell->inputs()->amKey();
-    QTRY_VERIFY(text(QStringLiteral("BandName")).startsWith(QLatin1String("AM")));
-    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QString());
-    switchTo(QStringLiteral("cs"));
-    QCOMPARE(text(QStringLiteral("STDispLabel")), translated("RadioMain", "ST"));
-    SyntheticInput::click(widget(QStringLiteral("StepUp")));
-    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QString());
-    m_shell->inputs()->fmKey();
-    QTRY_COMPARE(text(QStringLiteral("STDispLabel")), QStringLiteral("ST"));
-
-    // A preset scan (the host invokes the controller's slot) blinks "PS";
-    // a change in its dark phase shows the text again.
-    QWidget* controller = HostState::radioController();
-    QVERIFY(QMetaObject::invokeMethod(controller, "PSPressed", Q_ARG(QString, QString())));
-    QTRY_COMPARE(text(QStringLiteral("AS_PS_DispLabel")), QStringLiteral("PS"));
-    QTRY_COMPARE(text(QStringLiteral("AS_PS_DispLabel")), QString());
-    switchTo(QStringLiteral("fr"));
-    QCOMPARE(text(QStringLiteral("AS_PS_DispLabel")), QStringLiteral("PS"));
-    QVERIFY(QMetaObject::invokeMethod(controller, "PSPressed", Q_ARG(QString, QString())));
-    QTRY_COMPARE(text(QStringLiteral("AS_PS_DispLabel")), QString());
     switchTo(QStringLiteral("en"));
 }
 

@@ -1,6 +1,7 @@
 #include "RadioKeypad.h"
 
 #include "AppData.h"
+#include "ContextTranslator.h"
 #include "HostEvents.h"
 #include "HvIconButton.h"
 #include "ObjectTimers.h"
@@ -10,23 +11,11 @@
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTranslator>
 #include <QtTest>
 
 namespace {
 
 constexpr int AutoHideMs = 15000;
-
-// Marks each translated text with its context.
-class ContextTranslator : public QTranslator
-{
-public:
-    QString translate(const char* context, const char* text, const char*, int) const override
-    {
-        return QString::fromLatin1(context) + QLatin1Char('|') + QString::fromLatin1(text);
-    }
-    bool isEmpty() const override { return false; }
-};
 
 } // namespace
 
@@ -146,14 +135,12 @@ void tst_RadioKeypad::keys_data()
     // Region 6: FM 87.50-108.00 MHz in 100 kHz steps; 12: 50 kHz steps;
     // 1: 87.50-107.90 MHz in 200 kHz steps; 9: 65.00-74.00 MHz in 30 kHz
     // steps; 4: AM 522-1629 kHz in 9 kHz steps.
-    row("fm 87.5 at 50 kHz", 12, 1, "875", "87.5", "05");
     row("fm keys that are not one digit", 6, 0, "*:*/\"10", "", "189");
     row("fm 1 then a two-digit key", 6, 0, "1\"05", "1", "0");
     row("fm no sixth digit", 12, 0, "87505", "87.50", "");
-    row("backspace 87.5", 6, 0, "875<", "87.", "56789");
-    row("backspace 87.", 6, 0, "87<", "8", "789");
     row("backspace empty", 6, 0, "<", "", "189");
     row("hold clear", 6, 0, "87#", "", "189");
+    row("hold clear, then type", 6, 0, "87#8", "8", "789");
     row("hold clear empty", 6, 0, "#", "", "189");
     row("band change discards", 6, 0, "87a", "", "156789");
     row("back to fm", 6, 3, "53f8", "8", "789");
@@ -182,6 +169,7 @@ void tst_RadioKeypad::keys_data()
     row("hides after 15 s", 6, 0, "87F", "", all, -1, false);
     row("finger down stops it", 6, 0, "87p", "87.", "56789", -1, false);
     row("finger up restarts", 6, 0, "87pr", "87.", "56789", -1, true);
+    row("two releases leave one timer", 6, 0, "87rrF", "", all, -1, false);
     row("key down stops it", 6, 0, "87k", "87.", "56789", -1, false);
     row("key up restarts", 6, 0, "87ku", "87.", "56789", -1, true);
     row("hidden", 6, 0, "87h", "87.", "56789", -1, false);

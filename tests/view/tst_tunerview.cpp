@@ -1,5 +1,6 @@
 #include "ViewFixture.h"
 
+#include "ContextTranslator.h"
 #include "ObjectTimers.h"
 #include "RadioSetting.h"
 
@@ -32,17 +33,6 @@ Q_NEVER_INLINE void dirtyStack()
     for (volatile char& c : junk)
         c = 'X';
 }
-
-// Marks each translated text with its context.
-class ContextTranslator : public QTranslator
-{
-public:
-    QString translate(const char* context, const char* text, const char*, int) const override
-    {
-        return QString::fromLatin1(context) + QLatin1Char('|') + QString::fromLatin1(text);
-    }
-    bool isEmpty() const override { return false; }
-};
 
 // Gives every settings page built while it is installed the DX/LOC label
 // that some layouts have.
@@ -250,8 +240,7 @@ void tst_TunerView::screen_data()
         QTest::newRow(name) << QString::fromLatin1(host) << QString::fromLatin1(steps) << QString::fromUtf8(expected);
     };
     // Frequency and unit.
-    row("87.50", "", "freq:8750", "FreqDisp=87.50 MKHz=MHz");
-    row("105.10", "", "freq:10510", "FreqDisp=105.10 MKHz=MHz");
+    row("87.50 after AM", "", "freq:1999 freq:8750", "FreqDisp=87.50 MKHz=MHz");
     row("100.05", "", "freq:10005", "FreqDisp=100.05");
     row("lowest fm", "", "freq:2000", "FreqDisp=20.00 MKHz=MHz");
     row("highest am", "", "freq:1999", "FreqDisp=1999 MKHz=kHz");
@@ -549,6 +538,7 @@ void tst_TunerView::temperature()
     QCOMPARE(temper->geometry(), QRect(0, 535, 111, 60));
     QCOMPARE(temper->fontSize(), 30);
     QVERIFY(temper->disableState());
+    QCOMPARE(temper->disableTextColor(), QColor(Qt::white));
     QTEST(temper->displayText(), "shown");
 }
 
