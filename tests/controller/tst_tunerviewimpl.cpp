@@ -447,6 +447,7 @@ void tst_TunerViewImpl::behaviour_data()
         {"PS1.displayText=R  DIO", "PS2.displayText=0 kHz"});
     row("preset frequencies and names", fm1 + QStringList{"presets(8750,9010,9810)", "names(,,JAZZ)"}, {},
         {"PS1.displayText=87.50 MHz", "PS3.displayText=JAZZ"});
+    row("preset frequencies alone", fm1 + QStringList{"presets(9010)"}, {}, {"PS1.displayText=90.10 MHz"});
     row("kinds the screen does not read",
         fm1 + QStringList{"tune(12345,4,preset=3,cmd=1)", "tune(12345,4,cmd=3)", "tune(12345,4,cmd=10)",
                           "tune(12345,4,cmd=25)", "tune(12345,4,cmd=27)", "tune(12345,4,cmd=32)",
