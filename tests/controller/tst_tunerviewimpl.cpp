@@ -558,8 +558,8 @@ void tst_TunerViewImpl::behaviour_data()
         {"SetupEqView.shown=false"});
     row("keypad opens knowing band and region", am2 + QStringList{"click.Keyboard"}, {"region 4,12"},
         {"RadioKeypad.shown=true", "txtFAM.text=AM:"});
-    row("keypad is made once", am2 + QStringList{"click.Keyboard", "ctl.exitKeypadSlot()", "click.Keyboard"},
-        {"region 4,12"}, {"RadioKeypad.shown=true"});
+    row("keypad is made once and reopens on the first digit", am2 + QStringList{"click.Keyboard", "click.Keypad_Close",
+        "click.Keyboard"}, {"region 4,12"}, {"RadioKeypad.shown=true", "Keypad_0.disableState=true", "Keypad_1.disableState=false"});
     row("hiding the screen hides the keypad", am2 + QStringList{"show", "click.Keyboard", "hide"}, {"region 4,12"},
         {"RadioKeypad.shown=false"});
     row("hiding the screen makes no keypad", am2 + QStringList{"show", "hide"}, {}, {"RadioKeypad.shown=missing"});

@@ -181,8 +181,8 @@ void tst_ProtocolComm::start()
 
     if (serviceUp)
         QVERIFY(m_service->start());
-    ProtocolComm* link = ProtocolComm::GetInstance();
     OutputCapture out;
+    ProtocolComm* link = ProtocolComm::GetInstance();
     for (const QString& call : calls.split(QLatin1Char(' '))) {
         if (call == QLatin1String("stop")) {
             link->Stop();

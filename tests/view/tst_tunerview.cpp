@@ -463,6 +463,11 @@ void tst_TunerView::presets()
         m_view->Tuner_UI_PresetListDisp(listBand, f, nullptr);
     for (int i = 0; i < labels.size(); ++i)
         QCOMPARE(button(m_view, QStringLiteral("PS%1").arg(i + 1))->displayText(), labels.at(i));
+    // Marking the current preset leaves the keys after the sixth alone.
+    HvIconButton* last = button(m_view, QStringLiteral("PS%1").arg(qMin(count, 7)));
+    last->setIsDown(true);
+    m_view->Tuner_UI_CurPreset(1);
+    QCOMPARE(last->isDown(), count > 6);
 }
 
 void tst_TunerView::background_data()
