@@ -345,6 +345,9 @@ void tst_ProtocolComm::reconnect()
 void tst_ProtocolComm::backoff()
 {
     QVERIFY(startLink(true));
+    // Each lost connection's socket is closed: none piles up.
+    const auto openFiles = [] { return QDir(QStringLiteral("/proc/self/fd")).count(); };
+    const uint files = openFiles();
     QElapsedTimer clock;
     clock.start();
     for (int accepted = m_service->acceptedCount(), i = 0; i < 3; ++i, ++accepted) {
@@ -352,6 +355,7 @@ void tst_ProtocolComm::backoff()
         QVERIFY(m_service->waitForClient(accepted, 10000));
     }
     QVERIFY2(clock.elapsed() >= 500, qPrintable(QString::number(clock.elapsed())));
+    QCOMPARE(openFiles(), files);
 }
 
 // ---- Backpressure and hardening ----

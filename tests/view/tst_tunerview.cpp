@@ -540,6 +540,7 @@ void tst_TunerView::temperature()
     HvIconButton* temper = own.last();
     QCOMPARE(close->geometry(), QRect(925, 534, 90, 66));
     QCOMPARE(close->buttonID(), QStringLiteral("closescreen_ID"));
+    QCOMPARE(close->normalImage() + close->pressImage(), QStringLiteral(":/images/closeScreen.png:/images/closeScreen.png"));
     QCOMPARE(temper->geometry(), QRect(0, 535, 111, 60));
     QCOMPARE(temper->fontSize(), 30);
     QVERIFY(temper->disableState());
