@@ -18,9 +18,13 @@ CMAKE_ARGS ?=
 # locale's). `make demo DEMO_LANG=de`.
 DEMO_LANG ?=
 CROSS_DIR ?= build-aarch64$(QT_SUFFIX)
+FUZZ_DIR ?= build-fuzz$(QT_SUFFIX)
+TSAN_DIR ?= build-tsan$(QT_SUFFIX)
+# Seconds each fuzz target runs in `make fuzz`.
+FUZZ_SECONDS ?= 60
 CCACHE := $(shell command -v ccache 2>/dev/null)
 
-.PHONY: all deps configure build test demo asan package clean \
+.PHONY: all deps configure build test demo asan fuzz tsan package clean \
 	cross-deps cross-configure cross test-aarch64 cross-package
 
 all: build
@@ -46,6 +50,24 @@ demo: build
 asan:
 	ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	$(MAKE) test BUILD_DIR=build-asan$(QT_SUFFIX) CMAKE_ARGS="-DRADIO_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug"
+
+# Every fuzz target under libFuzzer with AddressSanitizer and UBSan, the
+# project's libraries instrumented for coverage, in build-fuzz/. Not part
+# of `make test`.
+fuzz:
+	@./cmake/install-deps.sh
+	@./cmake/install-deps.sh clang libclang-rt-14-dev
+	cmake -S . -B $(FUZZ_DIR) -DRADIO_QT_MAJOR=$(QT) -DCMAKE_CXX_COMPILER=clang++ \
+		-DRADIO_LIBFUZZER=ON -DRADIO_SANITIZE=ON $(CMAKE_ARGS)
+	cmake --build $(FUZZ_DIR) -j $(JOBS) --target fuzz_targets
+	./tools/fuzz.sh $(FUZZ_DIR) $(FUZZ_SECONDS)
+
+# The whole suite under ThreadSanitizer, in build-tsan/; any report fails
+# it. Not part of `make test`.
+tsan: deps
+	cmake -S . -B $(TSAN_DIR) -DRADIO_QT_MAJOR=$(QT) -DRADIO_TSAN=ON $(CMAKE_ARGS)
+	cmake --build $(TSAN_DIR) -j $(JOBS)
+	./tools/tsan.sh $(TSAN_DIR) $(JOBS)
 
 # Debian packages of this machine's architecture, in $(BUILD_DIR)/.
 package: build

@@ -1,12 +1,15 @@
 // Fuzzes the link's reader: arbitrary bytes in arbitrary pieces come out as
 // exactly the stream's whole records, in order, and a record cut short by a
-// closed connection is never handed on. A libFuzzer target with clang,
-// otherwise a program running seeded inputs: fuzz_linkreader [inputs] [seed]
+// closed connection, or by a service that vanished, is never handed on.
 //
-// Input: byte 0 picks the largest piece and whether the connection closes
-// at the end, bytes 1-4 seed the piece sizes, the rest is the stream.
+// Input: byte 0 picks the largest piece, whether the connection closes at
+// the end and whether the whole service goes with it; bytes 1-4 seed the
+// piece sizes and pick the receiver (a controller, or with no screen the
+// host's radio module); the rest is the stream.
 #include "FakeTunerService.h"
+#include "ModuleManager.h"
 #include "ProtocolComm.h"
+#include "RadioModule.h"
 #include "RecordingController.h"
 
 #include <cstdio>
@@ -14,23 +17,32 @@
 #include <cstring>
 #include <fcntl.h>
 #include <random>
+#include <thread>
 #include <unistd.h>
 
 namespace {
 
 const size_t kRecord = sizeof(tag_RadioCmdFromMCU);
 
-bool fail(const char* why)
+[[noreturn]] void fail(const char* why)
 {
     fprintf(stderr, "%s\n", why);
-    return false;
+    abort();
 }
 
-bool runInput(FakeTunerService& service, const uint8_t* data, size_t size)
+RadioModule* registeredModule()
+{
+    auto* module = new RadioModule;
+    hvappframework::ModuleManager::self()->addModule(
+        QSharedPointer<hvappframework::Module>::create(QStringLiteral("radio"), module));
+    return module;
+}
+
+void runInput(FakeTunerService& service, RadioModule* module, const uint8_t* data, size_t size)
 {
     static const size_t kMaxPiece[] = {1, 3, 64, 583, 584, 700, 1500, 8192};
     if (size < 5)
-        return true;
+        return;
     const size_t maxPiece = kMaxPiece[data[0] & 7];
     const bool closeAtEnd = (data[0] >> 3) % 16 == 0;
     uint32_t seed;
@@ -41,34 +53,46 @@ bool runInput(FakeTunerService& service, const uint8_t* data, size_t size)
         stream.resize((stream.size() + kRecord - 1) / kRecord * kRecord, 0xEE);
     const size_t whole = stream.size() / kRecord;
 
+    const bool toModule = data[1] & 1;
     RecordingController receiver;
-    m_pTuner = &receiver;
+    m_pTuner = toModule ? nullptr : &receiver;
+    module->clearReceived();
     std::mt19937 rng(seed);
     for (size_t at = 0, n = 0; at < stream.size(); at += n) {
         n = std::min<size_t>(1 + rng() % maxPiece, stream.size() - at);
         if (!service.write(stream.data() + at, n) || !service.waitUntilConsumed())
-            return fail("the link stopped reading");
+            fail("the link stopped reading");
     }
     if (closeAtEnd) {
-        const int accepted = service.acceptedCount();
-        service.closeClient();
+        int accepted = service.acceptedCount();
+        if (data[0] & 0x80) {
+            service.stop();
+            if (!service.start())
+                fail("the service could not come back");
+            accepted = 0;
+        } else {
+            service.closeClient();
+        }
         // A record on the new connection also keeps the link's retry delay short.
         const std::vector<unsigned char> next(kRecord, 0xEE);
         if (!service.waitForClient(accepted, 15000) || !service.write(next.data(), kRecord))
-            return fail("the link did not come back");
+            fail("the link did not come back");
         stream.resize(whole * kRecord);
         stream.insert(stream.end(), next.begin(), next.end());
     }
     const size_t expected = stream.size() / kRecord;
-    const std::vector<tag_RadioCmdFromMCU> got = receiver.waitFor(expected);
+    std::vector<tag_RadioCmdFromMCU> got = receiver.waitFor(toModule ? 0 : expected);
+    for (int waited = 0; toModule && module->receivedCount() < int(expected) && waited < 5000; ++waited)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    for (const tag_RadioCmdFromMCU& r : module->receivedMsgs())
+        got.push_back(r);
     m_pTuner = nullptr;
     if (got.size() != expected)
-        return fail("the link handed on a different number of records");
+        fail("the link handed on a different number of records");
     for (size_t i = 0; i < expected; ++i) {
         if (std::memcmp(&got[i], stream.data() + i * kRecord, kRecord) != 0)
-            return fail("a record differs from the stream");
+            fail("a record differs from the stream");
     }
-    return true;
 }
 
 FakeTunerService* connectedService()
@@ -79,38 +103,18 @@ FakeTunerService* connectedService()
     auto* service = new FakeTunerService;
     if (service->start())
         ProtocolComm::GetInstance()->Start();
-    return service->waitForClient() || fail("no link to the service") ? service : nullptr;
+    if (!service->waitForClient())
+        fail("no link to the service");
+    return service;
 }
 
 } // namespace
 
-#ifdef RADIO_LIBFUZZER
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
+    // The link finds the host's module when it is made.
+    static RadioModule* module = registeredModule();
     static FakeTunerService* service = connectedService();
-    if (!service || !runInput(*service, data, size))
-        abort();
+    runInput(*service, module, data, size);
     return 0;
 }
-#else
-int main(int argc, char** argv)
-{
-    const int inputs = argc > 1 ? atoi(argv[1]) : 300;
-    std::mt19937 rng(argc > 2 ? unsigned(strtoul(argv[2], nullptr, 10)) : 1u);
-    FakeTunerService* service = connectedService();
-    if (!service)
-        return 1;
-    std::vector<uint8_t> input;
-    for (int i = 0; i < inputs; ++i) {
-        input.resize(rng() % 8 == 0 ? rng() % 65536 : rng() % 4096);
-        for (uint8_t& byte : input)
-            byte = uint8_t(rng());
-        if (!runInput(*service, input.data(), input.size())) {
-            fprintf(stderr, "input %d of the session failed\n", i);
-            return 1;
-        }
-    }
-    fprintf(stderr, "%d inputs: only whole records handed on\n", inputs);
-    return 0;
-}
-#endif

@@ -1,7 +1,6 @@
 // What each command does to the state the tuner reports, on a known
 // line-up of region 12 (FM 87.50-108.00 MHz in 50 kHz steps, AM 531-1629
 // kHz in 9 kHz; DX hears signals of 25 and more, LOC of 100 and more).
-#include "BandPlan.h"
 #include "ProtocolTrace.h"
 #include "RadioCmdToMCU.h"
 #include "TunerEngine.h"
@@ -52,8 +51,6 @@ private slots:
     void records();
     void sweepsStopOnEachStationUntilTheirKey_data();
     void sweepsStopOnEachStationUntilTheirKey();
-    void builtInLineupFitsEveryRegion_data();
-    void builtInLineupFitsEveryRegion();
 };
 
 // After the script: "freq band preset name" of the tune info, and the
@@ -183,30 +180,5 @@ void TestTunerEngine::sweepsStopOnEachStationUntilTheirKey()
 
 // Each region's line-up lies on its band plan and fills every band's
 // presets with channels of the band's wave range.
-void TestTunerEngine::builtInLineupFitsEveryRegion_data()
-{
-    QTest::addColumn<int>("region");
-    for (int region = 0; region < 24; ++region)
-        QTest::addRow("region %d", region) << region;
-}
-
-void TestTunerEngine::builtInLineupFitsEveryRegion()
-{
-    QFETCH(int, region);
-    const BandPlan plan(region);
-    TunerEngine engine(StationList::builtIn(region, 3), 3);
-    int heard[2] = {0, 0};
-    for (const Station& s : engine.stations().stations()) {
-        QVERIFY2(plan.isChannel(s.freq), qPrintable(QString::number(s.freq)));
-        heard[isFmFrequency(s.freq)] += engine.isReceivable(s);
-    }
-    QVERIFY(heard[0] > 0 && heard[1] >= 6);
-    for (uint32_t band = 1; band <= 5; ++band) {
-        QVERIFY(run(engine, {{RC_BAND, band}}));
-        for (int key = 1; key <= 6; ++key)
-            QVERIFY(plan.isChannel(engine.presetFrequency(band - 1, key)) && isFmFrequency(engine.presetFrequency(band - 1, key)) == (band <= 3));
-    }
-}
-
 QTEST_GUILESS_MAIN(TestTunerEngine)
 #include "tst_tunerengine.moc"
