@@ -6,21 +6,17 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-// The one application object of a fuzz target, made on the first input and
-// kept for the process's life, on the offscreen platform unless one is set.
-// The product's log lines would cost more than the inputs: Qt's messages
-// are dropped and standard output goes to /dev/null (verdicts go to
-// standard error).
+// A fuzz target's one application object, made on its first input, on the
+// offscreen platform unless one is set. The product's log lines would cost
+// more than the inputs: Qt's messages are dropped and standard output goes
+// to /dev/null (verdicts go to standard error).
 inline QApplication* fuzzApplication()
 {
     static int argc = 1;
-    static char name[] = "fuzz";
-    static char* argv[] = {name, nullptr};
+    static char* argv[] = {const_cast<char*>("fuzz"), nullptr};
     static QApplication* app = [] {
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-        const int null = open("/dev/null", O_WRONLY | O_CLOEXEC);
-        dup2(null, STDOUT_FILENO);
-        close(null);
+        dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDOUT_FILENO);
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
         return new QApplication(argc, argv);

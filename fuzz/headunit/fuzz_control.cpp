@@ -1,9 +1,8 @@
-// The shell's control channel, one command per line, against the running
-// head unit with the radio screen: any bytes, in any pieces, get one answer
-// line per command, "ok ..." or "error ...", and leave the shell running.
-// Side effects stay in the target: snapshots go to a scratch folder, holds
-// are dropped (a long press becomes a click, a tap's hold goes), and quit
-// ends only the input.
+// The shell's control channel against the running head unit and its radio
+// screen: any bytes, in pieces of any size, get one answer per command,
+// "ok ..." or "error ...", and the shell stays. Side effects stay in the
+// target: snapshots go to a scratch folder, holds are dropped (a long press
+// becomes a click, a tap loses its hold) and quit ends only the input.
 #include "ControlChannel.h"
 #include "ControlCommands.h"
 #include "FuzzApplication.h"
@@ -11,7 +10,6 @@
 #include "HeadUnitWindow.h"
 #include "HostInputs.h"
 
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -19,9 +17,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace {
-
-void check(bool ok, const char* what)
+static void check(bool ok, const char* what)
 {
     if (!ok) {
         std::fprintf(stderr, "invariant broken: %s\n", what);
@@ -29,77 +25,60 @@ void check(bool ok, const char* what)
     }
 }
 
-struct Rig {
-    QTemporaryDir scratch;
-    HeadUnitShell* shell = nullptr;
-    ControlCommands* commands = nullptr;
-    bool quit = false;
-
-    Rig()
-    {
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    fuzzApplication();
+    static QTemporaryDir scratch;
+    static bool quit;
+    static HeadUnitShell* shell = [] {
         HeadUnitOptions options;
         options.pluginDir = HeadUnitOptions::defaultPluginDir();
         options.settingsFile = scratch.filePath(QStringLiteral("settings.ini"));
         options.language = QStringLiteral("en");
-        shell = new HeadUnitShell(options);
-        check(shell->start() == 0, "the shell starts with the radio screen");
-        const auto dump = [this](const QString& path, QString* error) {
+        auto* s = new HeadUnitShell(options);
+        check(s->start() == 0, "the shell starts with the radio screen");
+        return s;
+    }();
+    static ControlCommands* commands = [] {
+        auto* c = new ControlCommands(shell->window(), shell->inputs(), [](const QString& path, QString* error) {
             return shell->writeDump(scratch.filePath(QStringLiteral("dump-%1.json").arg(qHash(path) % 4)), error);
-        };
-        commands = new ControlCommands(shell->window(), shell->inputs(), dump, QStringLiteral("default.json"));
-        QObject::connect(commands, &ControlCommands::quitRequested, [this] { quit = true; });
-    }
-};
-
-// The line without what would wait in real time.
-QByteArray withoutHolds(const QByteArray& line)
-{
-    const QList<QByteArray> words = line.simplified().split(' ');
-    if (words.first() == "longpress" && words.size() >= 2)
-        return "click " + words.at(1);
-    if (words.first() == "tap" && words.size() == 4)
-        return "tap " + words.at(1) + ' ' + words.at(2);
-    return line;
-}
-
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
-{
-    fuzzApplication();
-    static Rig* rig = new Rig;
-    rig->quit = false;
-    rig->shell->inputs()->switchTo(QStringLiteral("radio"));
+        }, QStringLiteral("default.json"));
+        QObject::connect(c, &ControlCommands::quitRequested, [] { quit = true; });
+        return c;
+    }();
+    quit = false;
+    shell->inputs()->switchTo(QStringLiteral("radio"));
 
     QByteArray input;
-    for (const QByteArray& line : QByteArray(reinterpret_cast<const char*>(data), int(size)).split('\n'))
-        input += withoutHolds(line) + '\n';
+    for (const QByteArray& line : QByteArray(reinterpret_cast<const char*>(data), int(size)).split('\n')) {
+        const QList<QByteArray> words = line.simplified().split(' ');
+        if (words.size() >= 2 && words[0] == "longpress")
+            input += "click " + words[1] + '\n';
+        else
+            input += (words.size() == 4 && words[0] == "tap" ? "tap " + words[1] + ' ' + words[2] : line) + '\n';
+    }
     input.chop(1);
-
-    int pipeFds[2];
-    check(pipe2(pipeFds, O_CLOEXEC) == 0, "a pipe");
+    int fds[2];
     char* answers = nullptr;
     size_t answersSize = 0;
     FILE* out = open_memstream(&answers, &answersSize);
+    check(pipe2(fds, O_CLOEXEC) == 0 && out, "a pipe and a memory stream");
     {
-        ControlChannel channel(pipeFds[0], rig->commands, out);
-        // Pieces of a size the input sets, so lines arrive cut anywhere.
+        ControlChannel channel(fds[0], commands, out);
         const int piece = 1 + int(size % 97);
-        for (int at = 0; at < input.size() && !rig->quit; at += piece) {
-            const int n = std::min(piece, int(input.size()) - at);
-            check(write(pipeFds[1], input.constData() + at, size_t(n)) == n, "the pipe takes the input");
+        for (int at = 0; at < input.size() && !quit; at += piece) {
+            check(write(fds[1], input.constData() + at, size_t(std::min(piece, int(input.size()) - at))) > 0, "a write");
             QCoreApplication::processEvents();
         }
-        close(pipeFds[1]);
+        close(fds[1]);
         while (!channel.atEnd())
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
-    close(pipeFds[0]);
+    close(fds[0]);
     std::fclose(out);
     for (const QByteArray& line : QByteArray(answers, int(answersSize)).split('\n'))
-        check(line.isEmpty() || line.startsWith("control: ok ") || line.startsWith("control: error "),
-              "every answer is ok or error");
+        check(line.isEmpty() || line.startsWith("control: ok ") || line.startsWith("control: error "), "ok or error");
     std::free(answers);
-    check(rig->shell->window()->isVisible(), "the shell's window stays");
+    check(shell->window()->isVisible(), "the shell's window stays");
     return 0;
 }

@@ -1,7 +1,6 @@
 #include "RadioKeypad.h"
 
 #include "AppData.h"
-#include "ContextTranslator.h"
 #include "HostEvents.h"
 #include "HvIconButton.h"
 #include "ObjectTimers.h"
@@ -33,7 +32,6 @@ private slots:
     void trail();
     void wallPaper();
     void dimmedKeys();
-    void translatedTexts();
 
 private:
     HvIconButton* key(const QString& name) const { return m_keypad->findChild<HvIconButton*>(name); }
@@ -287,17 +285,6 @@ void tst_RadioKeypad::wallPaper()
     QEvent change(static_cast<QEvent::Type>(WallPaperChange));
     QCoreApplication::sendEvent(m_keypad, &change);
     QCOMPARE(mask(), QColor(Qt::blue));
-}
-
-void tst_RadioKeypad::translatedTexts()
-{
-    ContextTranslator translator;
-    QVERIFY(QCoreApplication::installTranslator(&translator));
-    m_keypad->sltRadioRegionChanged(3, 4);
-    QCOMPARE(text("txtFAM"), QStringLiteral("RadioKeypad|AM:"));
-    QTRY_COMPARE(key(QStringLiteral("Keypad_OK"))->displayText(), QStringLiteral("RadioKeypad|OK"));
-    QCoreApplication::removeTranslator(&translator);
-    QTRY_COMPARE(key(QStringLiteral("Keypad_OK"))->displayText(), QStringLiteral("OK"));
 }
 
 QTEST_MAIN(tst_RadioKeypad)
