@@ -2,6 +2,8 @@
 #define FUZZAPPLICATION_H
 
 #include <QApplication>
+#include <QMouseEvent>
+#include <QWidget>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -22,6 +24,17 @@ inline QApplication* fuzzApplication()
         return new QApplication(argc, argv);
     }();
     return app;
+}
+
+// A press and release at pos, through the application as a pointer's would
+// go (QTest's clicks count a timestamp that overflows in a long run).
+inline void fuzzClick(QWidget* widget, const QPoint& pos)
+{
+    for (QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, pos, widget->mapTo(widget->window(), pos), widget->mapToGlobal(pos), Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(widget, &event);
+    }
 }
 
 #endif

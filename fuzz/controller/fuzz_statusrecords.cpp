@@ -13,7 +13,6 @@
 #include "RadioModule.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <cstring>
 
@@ -56,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
                     shown.append(w);
             QWidget* w = shown.value(at(pos + 1) % std::max(1, int(shown.size())));
             if (w)
-                QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(at(pos + 2) * w->width() / 256, at(pos + 3) * w->height() / 256));
+                fuzzClick(w, QPoint(at(pos + 2) * w->width() / 256, at(pos + 3) * w->height() / 256));
             pos += 4;
         } else if (kind == 2) {
             // Values -1 to 24: both sides of the region table and of every small range.

@@ -10,7 +10,6 @@
 #include "TunerRegionParam.h"
 
 #include <QLabel>
-#include <QtTest>
 
 #include <cstdio>
 #include <cstdlib>
@@ -36,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const auto click = [](const QString& name) {
         QWidget* key = keypad->findChild<QWidget*>(name);
         if (key->isVisible())
-            QTest::mouseClick(key, Qt::LeftButton, {}, key->rect().center());
+            fuzzClick(key, key->rect().center());
     };
     keypad->sltRadioRegionChanged(band = 0, region = TUNER_DEFAULT_REGION);
     keypad->show();
@@ -66,5 +65,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         check(shown.count(QLatin1Char('.')) <= 1 && shown.size() - shown.count(QLatin1Char('.')) <= 5,
               "one point and five digits at most");
     }
+    QCoreApplication::processEvents();
     return 0;
 }
