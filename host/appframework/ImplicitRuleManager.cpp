@@ -12,20 +12,20 @@ ImplicitRuleManager::~ImplicitRuleManager() = default;
 
 int ImplicitRuleManager::registerRule(ImplicitRule& rule)
 {
-    QMutexLocker guard(&m_lock);
+    std::lock_guard<std::mutex> guard(m_lock);
     m_rules.append(rule);
     return 0;
 }
 
 int ImplicitRuleManager::unregisterRule(const ImplicitRule& rule)
 {
-    QMutexLocker guard(&m_lock);
+    std::lock_guard<std::mutex> guard(m_lock);
     return m_rules.removeAll(rule) > 0 ? 0 : -1;
 }
 
 QList<ImplicitRule> ImplicitRuleManager::rules() const
 {
-    QMutexLocker guard(&m_lock);
+    std::lock_guard<std::mutex> guard(m_lock);
     return m_rules;
 }
 
@@ -40,7 +40,7 @@ QList<ImplicitRule> ImplicitRuleManager::rulesForModule(const QString& module) c
 
 void ImplicitRuleManager::clear()
 {
-    QMutexLocker guard(&m_lock);
+    std::lock_guard<std::mutex> guard(m_lock);
     m_rules.clear();
 }
 

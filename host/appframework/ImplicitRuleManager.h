@@ -4,8 +4,9 @@
 #include "ImplicitRule.h"
 
 #include <QList>
-#include <QMutex>
 #include <QSharedPointer>
+
+#include <mutex>
 
 namespace hvappframework {
 
@@ -25,7 +26,7 @@ public:
 
 private:
     ImplicitRuleManager() = default;
-    mutable QMutex m_lock;
+    mutable std::mutex m_lock;
     QList<ImplicitRule> m_rules;
 };
 

@@ -12,7 +12,7 @@ ModuleManager::~ModuleManager() = default;
 
 QSharedPointer<Module> ModuleManager::getModule(const QString& name) const
 {
-    QMutexLocker guard(&m_lock);
+    std::lock_guard<std::mutex> guard(m_lock);
     return m_modules.value(name);
 }
 
@@ -20,19 +20,19 @@ void ModuleManager::addModule(QSharedPointer<Module> module)
 {
     if (!module)
         return;
-    QMutexLocker guard(&m_lock);
+    std::lock_guard<std::mutex> guard(m_lock);
     m_modules.insert(module->getName(), module);
 }
 
 void ModuleManager::removeModule(const QString& name)
 {
-    QMutexLocker guard(&m_lock);
+    std::lock_guard<std::mutex> guard(m_lock);
     m_modules.remove(name);
 }
 
 QStringList ModuleManager::moduleNames() const
 {
-    QMutexLocker guard(&m_lock);
+    std::lock_guard<std::mutex> guard(m_lock);
     return m_modules.keys();
 }
 

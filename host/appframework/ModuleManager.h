@@ -4,9 +4,10 @@
 #include "Module.h"
 
 #include <QMap>
-#include <QMutex>
 #include <QSharedPointer>
 #include <QStringList>
+
+#include <mutex>
 
 namespace hvappframework {
 
@@ -25,7 +26,7 @@ public:
 
 private:
     ModuleManager() = default;
-    mutable QMutex m_lock;
+    mutable std::mutex m_lock;
     QMap<QString, QSharedPointer<Module>> m_modules;
 };
 

@@ -14,7 +14,7 @@ RadioModule::~RadioModule() = default;
 void RadioModule::HandledTunerMsg(tag_RadioCmdFromMCU msg)
 {
     {
-        QMutexLocker guard(&m_lock);
+        std::lock_guard<std::mutex> guard(m_lock);
         m_received.append(msg);
     }
     emit tunerMsgHandled(msg);
@@ -22,19 +22,19 @@ void RadioModule::HandledTunerMsg(tag_RadioCmdFromMCU msg)
 
 int RadioModule::receivedCount() const
 {
-    QMutexLocker guard(&m_lock);
+    std::lock_guard<std::mutex> guard(m_lock);
     return m_received.size();
 }
 
 QList<tag_RadioCmdFromMCU> RadioModule::receivedMsgs() const
 {
-    QMutexLocker guard(&m_lock);
+    std::lock_guard<std::mutex> guard(m_lock);
     return m_received;
 }
 
 void RadioModule::clearReceived()
 {
-    QMutexLocker guard(&m_lock);
+    std::lock_guard<std::mutex> guard(m_lock);
     m_received.clear();
 }
 

@@ -5,8 +5,9 @@
 #include "RadioCmdMetaType.h"
 
 #include <QList>
-#include <QMutex>
 #include <QObject>
+
+#include <mutex>
 
 // The host's radio module: receives whole status records while no radio
 // screen exists, and the screen's info texts and flag word while one does.
@@ -39,7 +40,7 @@ signals:
     void radioFlagChanged(unsigned int flag);
 
 private:
-    mutable QMutex m_lock;
+    mutable std::mutex m_lock;
     QList<tag_RadioCmdFromMCU> m_received;
     RadioInfo_t_ m_radioInfo;
     unsigned int m_radioFlag = 0;

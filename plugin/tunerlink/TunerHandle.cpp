@@ -12,6 +12,11 @@ bool TunerHandle::deliver(const tag_RadioCmdFromMCU& msg)
     return true;
 }
 
+void TunerHandle::waitForDelivery()
+{
+    std::lock_guard<std::mutex> guard(m_lock);
+}
+
 void TunerHandle::set(void* obj, DeliverFn fn)
 {
     std::lock_guard<std::mutex> guard(m_lock);

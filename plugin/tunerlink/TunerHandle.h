@@ -61,6 +61,13 @@ public:
     // Makes waiting readers look at their running flag again.
     void wakeWaiting();
 
+    // Returns once a delivery in progress has returned. A controller that
+    // queues records through Qt calls it before reading one: Qt copies the
+    // record inside the delivery and hands the copy over under a lock of
+    // its own, which ThreadSanitizer cannot see; this one it can. Never
+    // from inside RecvedTunerMsg.
+    void waitForDelivery();
+
     // Called by the stored controller: from inside its RecvedTunerMsg, and
     // on its own thread. Calls from a controller not stored are ignored.
     void recordQueued(const void* tuner);

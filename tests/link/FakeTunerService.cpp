@@ -93,20 +93,24 @@ bool FakeTunerService::waitForFrames(size_t count, int timeoutMs) const
 
 bool FakeTunerService::write(const void* data, size_t len)
 {
+    // The service thread closes a connection the link drops, and the next
+    // accept() may reuse its number: a duplicate keeps this one ours.
     int fd;
     {
         std::lock_guard<std::mutex> guard(m_lock);
-        fd = m_clients.empty() ? -1 : m_clients.back();
+        fd = m_clients.empty() ? -1 : fcntl(m_clients.back(), F_DUPFD_CLOEXEC, 0);
     }
     const char* rest = static_cast<const char*>(data);
-    while (fd >= 0 && len > 0) {
+    bool sent = fd >= 0;
+    while (sent && len > 0) {
         const ssize_t n = send(fd, rest, len, MSG_NOSIGNAL);
-        if (n <= 0 && errno != EINTR)
-            return false;
+        sent = n > 0 || errno == EINTR;
         rest += n > 0 ? n : 0;
         len -= n > 0 ? size_t(n) : 0;
     }
-    return fd >= 0;
+    if (fd >= 0)
+        close(fd);
+    return sent;
 }
 
 bool FakeTunerService::waitUntilConsumed(int timeoutMs) const
@@ -160,18 +164,8 @@ void FakeTunerService::run()
         while (read(m_wake[0], drain, sizeof drain) > 0) {
         }
         std::lock_guard<std::mutex> guard(m_lock);
-        if (fds[1].revents & POLLIN) {
-            sockaddr_un peer{};
-            socklen_t len = sizeof peer;
-            const timeval sendTimeout{5, 0};
-            const int fd = accept4(m_listenFd, nullptr, nullptr, SOCK_CLOEXEC);
-            if (fd >= 0 && getpeername(fd, reinterpret_cast<sockaddr*>(&peer), &len) == 0) {
-                setsockopt(fd, SOL_SOCKET, SO_SNDTIMEO, &sendTimeout, sizeof sendTimeout);
-                m_peerPath = peer.sun_path;
-                m_clients.push_back(fd);
-                ++m_accepted;
-            }
-        }
+        // Clients first: a polled number that closeClient() has closed
+        // meanwhile must not meet a connection accepted under it.
         for (size_t i = 2; i < fds.size(); ++i) {
             auto client = std::find(m_clients.begin(), m_clients.end(), fds[i].fd);
             RadioCmdToMCU frame;
@@ -182,6 +176,18 @@ void FakeTunerService::run()
             } else {
                 close(fds[i].fd);
                 m_clients.erase(client);
+            }
+        }
+        if (fds[1].revents & POLLIN) {
+            sockaddr_un peer{};
+            socklen_t len = sizeof peer;
+            const timeval sendTimeout{5, 0};
+            const int fd = accept4(m_listenFd, nullptr, nullptr, SOCK_CLOEXEC);
+            if (fd >= 0 && getpeername(fd, reinterpret_cast<sockaddr*>(&peer), &len) == 0) {
+                setsockopt(fd, SOL_SOCKET, SO_SNDTIMEO, &sendTimeout, sizeof sendTimeout);
+                m_peerPath = peer.sun_path;
+                m_clients.push_back(fd);
+                ++m_accepted;
             }
         }
         m_changed.notify_all();

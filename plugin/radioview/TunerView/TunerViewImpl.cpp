@@ -208,9 +208,13 @@ void TunerViewImpl::RecvedTunerMsg(tag_RadioCmdFromMCU msg)
     emit sglRecvedTunerMsg(msg);
 }
 
-void TunerViewImpl::HandleTunerMsgSlot(RadioCmdFromMCU_T msg)
+void TunerViewImpl::HandleTunerMsgSlot(const RadioCmdFromMCU_T& record)
 {
+    // Qt made the copy that record refers to inside the reader's delivery;
+    // ordered after that delivery, it is read here as a whole.
+    m_pTuner.waitForDelivery();
     m_pTuner.recordHandled(this);
+    RadioCmdFromMCU_T msg = record;
     TunerView* view = m_pTunerView;
     if (!view)
         return;

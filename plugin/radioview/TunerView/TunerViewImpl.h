@@ -61,7 +61,7 @@ signals:
     void sigRadioRegionChanged(unsigned char band, int region);
 
 public slots:
-    void HandleTunerMsgSlot(RadioCmdFromMCU_T msg);
+    void HandleTunerMsgSlot(const RadioCmdFromMCU_T& record);
     void controlBarPressed(QString id);
     void SeekUpPressed(QString id);
     void SeekDownPressed(QString id);
