@@ -6,24 +6,15 @@
 #include "ControlChannel.h"
 #include "ControlCommands.h"
 #include "FuzzApplication.h"
+#include "FuzzCheck.h"
 #include "HeadUnitShell.h"
 #include "HeadUnitWindow.h"
 #include "HostInputs.h"
 
 #include <QTemporaryDir>
 
-#include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
-
-static void check(bool ok, const char* what)
-{
-    if (!ok) {
-        std::fprintf(stderr, "invariant broken: %s\n", what);
-        std::abort();
-    }
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

@@ -6,21 +6,12 @@
 // 15 the next byte as a key, 16 band (next byte), 17 region -1 to 24 and
 // band (next two), 18-19 the entry evaluated again.
 #include "FuzzApplication.h"
+#include "FuzzCheck.h"
 #include "RadioKeypad.h"
 #include "TunerRegionParam.h"
 
 #include <QLabel>
 
-#include <cstdio>
-#include <cstdlib>
-
-static void check(bool ok, const char* what)
-{
-    if (!ok) {
-        std::fprintf(stderr, "invariant broken: %s\n", what);
-        std::abort();
-    }
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

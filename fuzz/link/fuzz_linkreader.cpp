@@ -6,26 +6,17 @@
 // at the end and whether the service goes with it; bytes 1-4 seed the piece
 // sizes and pick the receiver; the rest is the stream.
 #include "FakeTunerService.h"
+#include "FuzzCheck.h"
 #include "ModuleManager.h"
 #include "ProtocolComm.h"
 #include "RadioModule.h"
 #include "RecordingController.h"
 
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <random>
 #include <thread>
 #include <unistd.h>
-
-static void check(bool ok, const char* what)
-{
-    if (!ok) {
-        std::fprintf(stderr, "%s\n", what);
-        std::abort();
-    }
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

@@ -2,24 +2,15 @@
 // themselves size, each frame played raw and with its code folded onto the
 // used range; the tuner's state must stay consistent throughout.
 #include "FrameAssembler.h"
+#include "FuzzCheck.h"
 #include "RadioCmdToMCU.h"
 #include "TunerEngine.h"
 
 #include <QCoreApplication>
 
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 namespace {
-
-void check(bool ok, const char* what)
-{
-    if (!ok) {
-        std::fprintf(stderr, "invariant broken: %s\n", what);
-        std::abort();
-    }
-}
 
 void checkState(const TunerEngine& engine)
 {

@@ -1,20 +1,11 @@
 // Arbitrary bytes as an RDS log and as RDS groups: the log reader and the
 // decoder take anything and keep their results within bounds.
+#include "FuzzCheck.h"
 #include "RdsDecoder.h"
 #include "RdsLog.h"
 
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
-
-void check(bool ok, const char* what)
-{
-    if (!ok) {
-        std::fprintf(stderr, "invariant broken: %s\n", what);
-        std::abort();
-    }
-}
 
 void feed(RdsDecoder& decoder, const RdsGroup& group)
 {
