@@ -96,6 +96,8 @@ QString HvIconButton::normalImage() const { return d->normalPath; }
 
 void HvIconButton::setNormalImage(const QString& path)
 {
+    if (path == d->normalPath && !d->normalPix.isNull())
+        return;
     d->normalPath = path;
     d->normalPix = loadImage(path);
     updateGeometry();
@@ -106,6 +108,8 @@ QString HvIconButton::pressImage() const { return d->pressPath; }
 
 void HvIconButton::setPressImage(const QString& path)
 {
+    if (path == d->pressPath && !d->pressPix.isNull())
+        return;
     d->pressPath = path;
     d->pressPix = loadImage(path);
     update();
@@ -115,6 +119,8 @@ QString HvIconButton::disableImage() const { return d->disablePath; }
 
 void HvIconButton::setDisableImage(const QString& path)
 {
+    if (path == d->disablePath && !d->disablePix.isNull())
+        return;
     d->disablePath = path;
     d->disablePix = loadImage(path);
     update();
@@ -148,6 +154,8 @@ QColor HvIconButton::normalTextColor() const { return d->normalTextColor; }
 
 void HvIconButton::setNormalTextColor(const QColor& c)
 {
+    if (d->normalTextColor == c)
+        return;
     d->normalTextColor = c;
     update();
 }
@@ -156,6 +164,8 @@ QColor HvIconButton::pressTextColor() const { return d->pressTextColor; }
 
 void HvIconButton::setPressTextColor(const QColor& c)
 {
+    if (d->pressTextColor == c)
+        return;
     d->pressTextColor = c;
     update();
 }
@@ -164,6 +174,8 @@ QColor HvIconButton::disableTextColor() const { return d->disableTextColor; }
 
 void HvIconButton::setDisableTextColor(const QColor& c)
 {
+    if (d->disableTextColor == c)
+        return;
     d->disableTextColor = c;
     update();
 }
