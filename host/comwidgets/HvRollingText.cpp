@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QLinearGradient>
 #include <QLoggingCategory>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QTimerEvent>
 #include <cmath>
@@ -13,10 +14,10 @@ Q_LOGGING_CATEGORY(lcRollingText, "hu.widgets.rollingtext")
 
 namespace {
 
-// Frame period of the scroll: 25 frames per second, the rate of broadcast
-// video, moves a line of text steadily for the eye (2 px a frame at the
-// default 50 px/s) at a quarter fewer wakeups than 33.
-constexpr int FrameMs = 40;
+// Frame period of the scroll: 20 frames per second move a line of text
+// steadily enough to read (2-3 px a frame at the default 50 px/s), at
+// little more than half the wakeups of 33.
+constexpr int FrameMs = 50;
 // Width of the faded band at either edge while scrolling.
 constexpr int FadeWidth = 24;
 
@@ -31,12 +32,16 @@ struct HvRollingText::Private
     int speed = 50;
 
     int textWidth = 0;
+    // Where a standing text is drawn; a repaint that misses it (a scrolling
+    // neighbour's frame grazing the edge) draws nothing.
+    QRect textRect;
     qreal offset = 0;
     int timerId = 0;
     QElapsedTimer clock;
-    // While scrolling, a frame only moves the text rendered once (strip)
-    // in the layer whose edges it fades.
+    // While scrolling, a frame only moves the text rendered once (strip);
+    // the layer fades it at one edge at a time with the fade's alpha.
     QImage strip;
+    QImage fade;
     QImage layer;
 };
 
@@ -92,8 +97,7 @@ void HvRollingText::setAlignment(Qt::Alignment a)
     if (d->alignment == a)
         return;
     d->alignment = a;
-    d->strip = QImage();
-    update();
+    relayout();
 }
 
 int HvRollingText::speed() const { return d->speed; }
@@ -138,7 +142,9 @@ int HvRollingText::gap() const
 
 void HvRollingText::relayout()
 {
-    d->textWidth = QFontMetrics(textFont()).horizontalAdvance(d->text);
+    const QFontMetrics metrics(textFont());
+    d->textWidth = metrics.horizontalAdvance(d->text);
+    d->textRect = metrics.boundingRect(rect(), int(d->alignment) | Qt::TextSingleLine, d->text).adjusted(-2, -2, 2, 2);
     d->strip = QImage();
     if (!isRolling())
         d->offset = 0;
@@ -195,13 +201,15 @@ void HvRollingText::changeEvent(QEvent* e)
         relayout();
 }
 
-void HvRollingText::paintEvent(QPaintEvent*)
+void HvRollingText::paintEvent(QPaintEvent* e)
 {
     if (d->text.isEmpty())
         return;
     const QFont f = textFont();
 
     if (!isRolling()) {
+        if (!e->region().intersects(d->textRect))
+            return;
         QPainter p(this);
         p.setRenderHint(QPainter::TextAntialiasing);
         p.setFont(f);
@@ -210,10 +218,9 @@ void HvRollingText::paintEvent(QPaintEvent*)
         return;
     }
 
-    // Both copies of the loop go into a layer whose edges are then faded,
-    // so the text slides in and out instead of being cut off. Frames move
-    // the text by whole pixels; the text itself is drawn only when it
-    // changes.
+    // Both copies of the loop, faded at the edges so the text slides in and
+    // out instead of being cut off. Frames move the text by whole pixels;
+    // the text itself is drawn only when it changes.
     const qreal dpr = devicePixelRatioF();
     if (d->strip.isNull()) {
         d->strip = QImage(QSize(d->textWidth + 1, height()) * dpr, QImage::Format_ARGB32_Premultiplied);
@@ -226,26 +233,38 @@ void HvRollingText::paintEvent(QPaintEvent*)
         const int flags = int(Qt::AlignLeft | (d->alignment & Qt::AlignVertical_Mask)) | Qt::TextSingleLine;
         sp.drawText(QRectF(0, 0, d->textWidth + 1, height()), flags, d->text);
     }
-    if (d->layer.size() != size() * dpr) {
-        d->layer = QImage(size() * dpr, QImage::Format_ARGB32_Premultiplied);
-        d->layer.setDevicePixelRatio(dpr);
-    }
-    d->layer.fill(Qt::transparent);
-    {
-        QPainter lp(&d->layer);
-        const int x = -int(d->offset);
-        lp.drawImage(x, 0, d->strip);
-        lp.drawImage(x + d->textWidth + gap(), 0, d->strip);
-        const int fade = qMin(FadeWidth, width() / 4);
+    const int fade = qMin(FadeWidth, width() / 4);
+    if (d->fade.size() != size() * dpr) {
+        d->fade = QImage(size() * dpr, QImage::Format_ARGB32_Premultiplied);
+        d->fade.setDevicePixelRatio(dpr);
+        d->fade.fill(Qt::transparent);
         QLinearGradient g(0, 0, width(), 0);
         const qreal edge = qreal(fade) / qMax(1, width());
         g.setColorAt(0, Qt::transparent);
         g.setColorAt(edge, Qt::black);
         g.setColorAt(1 - edge, Qt::black);
         g.setColorAt(1, Qt::transparent);
-        lp.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-        lp.fillRect(rect(), g);
+        QPainter(&d->fade).fillRect(rect(), g);
+        d->layer = QImage(QSize(fade, height()) * dpr, QImage::Format_ARGB32_Premultiplied);
+        d->layer.setDevicePixelRatio(dpr);
     }
+    const int x = -int(d->offset);
+    const int next = x + d->textWidth + gap();
     QPainter p(this);
-    p.drawImage(0, 0, d->layer);
+    // Between the faded bands the text is opaque: drawn straight.
+    p.setClipRect(fade, 0, width() - 2 * fade, height());
+    p.drawImage(x, 0, d->strip);
+    p.drawImage(next, 0, d->strip);
+    p.setClipping(false);
+    for (const int band : {0, width() - fade}) {
+        d->layer.fill(Qt::transparent);
+        QPainter lp(&d->layer);
+        lp.translate(-band, 0);
+        lp.drawImage(x, 0, d->strip);
+        lp.drawImage(next, 0, d->strip);
+        lp.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+        lp.drawImage(0, 0, d->fade);
+        lp.end();
+        p.drawImage(band, 0, d->layer);
+    }
 }
