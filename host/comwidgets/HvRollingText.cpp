@@ -32,8 +32,9 @@ struct HvRollingText::Private
     int speed = 50;
 
     int textWidth = 0;
-    // Where a standing text is drawn; a repaint that misses it (a scrolling
-    // neighbour's frame grazing the edge) draws nothing.
+    // Where a standing text is drawn, once a partial repaint asks; a repaint
+    // that misses it (a scrolling neighbour's frame grazing the edge) draws
+    // nothing.
     QRect textRect;
     qreal offset = 0;
     int timerId = 0;
@@ -142,9 +143,8 @@ int HvRollingText::gap() const
 
 void HvRollingText::relayout()
 {
-    const QFontMetrics metrics(textFont());
-    d->textWidth = metrics.horizontalAdvance(d->text);
-    d->textRect = metrics.boundingRect(rect(), int(d->alignment) | Qt::TextSingleLine, d->text).adjusted(-2, -2, 2, 2);
+    d->textWidth = QFontMetrics(textFont()).horizontalAdvance(d->text);
+    d->textRect = QRect();
     d->strip = QImage();
     if (!isRolling())
         d->offset = 0;
@@ -208,8 +208,14 @@ void HvRollingText::paintEvent(QPaintEvent* e)
     const QFont f = textFont();
 
     if (!isRolling()) {
-        if (!e->region().intersects(d->textRect))
-            return;
+        // Laid out only for a repaint of part of the widget, not per text.
+        if (!e->rect().contains(rect())) {
+            if (d->textRect.isNull())
+                d->textRect = QFontMetrics(f).boundingRect(rect(), int(d->alignment) | Qt::TextSingleLine, d->text)
+                                  .adjusted(-2, -2, 2, 2);
+            if (!e->region().intersects(d->textRect))
+                return;
+        }
         QPainter p(this);
         p.setRenderHint(QPainter::TextAntialiasing);
         p.setFont(f);
