@@ -64,7 +64,6 @@ void TestRadioTunerSim::commandLine_data()
     QTest::addColumn<QStringList>("args");
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<QString>("says");
-    QTest::newRow("help") << QStringList{"--help"} << 0 << "--time-scale";
     QTest::newRow("unknown option") << QStringList{"--bogus"} << 2 << "unknown option --bogus";
     QTest::newRow("region") << QStringList{"--region", "24"} << 2 << "--region must be 0-23";
     QTest::newRow("speed") << QStringList{"--rds-speed", "0"} << 2 << "--rds-speed must be a positive number";
