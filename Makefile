@@ -54,8 +54,7 @@ asan:
 # Every fuzz target under libFuzzer with AddressSanitizer and UBSan, the
 # project's libraries instrumented for coverage, in build-fuzz/. Not part
 # of `make test`.
-fuzz:
-	@./cmake/install-deps.sh
+fuzz: deps
 	@./cmake/install-deps.sh clang libclang-rt-14-dev
 	cmake -S . -B $(FUZZ_DIR) -DRADIO_QT_MAJOR=$(QT) -DCMAKE_CXX_COMPILER=clang++ \
 		-DRADIO_LIBFUZZER=ON -DRADIO_SANITIZE=ON $(CMAKE_ARGS)

@@ -21,6 +21,14 @@ constexpr int FrameMs = 50;
 // Width of the faded band at either edge while scrolling.
 constexpr int FadeWidth = 24;
 
+QImage transparentImage(const QSize& size, qreal dpr)
+{
+    QImage image(size * dpr, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(dpr);
+    image.fill(Qt::transparent);
+    return image;
+}
+
 } // namespace
 
 struct HvRollingText::Private
@@ -228,10 +236,9 @@ void HvRollingText::paintEvent(QPaintEvent* e)
     // out instead of being cut off. Frames move the text by whole pixels;
     // the text itself is drawn only when it changes.
     const qreal dpr = devicePixelRatioF();
+    const int fade = qMin(FadeWidth, width() / 4);
     if (d->strip.isNull()) {
-        d->strip = QImage(QSize(d->textWidth + 1, height()) * dpr, QImage::Format_ARGB32_Premultiplied);
-        d->strip.setDevicePixelRatio(dpr);
-        d->strip.fill(Qt::transparent);
+        d->strip = transparentImage(QSize(d->textWidth + 1, height()), dpr);
         QPainter sp(&d->strip);
         sp.setRenderHint(QPainter::TextAntialiasing);
         sp.setFont(f);
@@ -239,11 +246,8 @@ void HvRollingText::paintEvent(QPaintEvent* e)
         const int flags = int(Qt::AlignLeft | (d->alignment & Qt::AlignVertical_Mask)) | Qt::TextSingleLine;
         sp.drawText(QRectF(0, 0, d->textWidth + 1, height()), flags, d->text);
     }
-    const int fade = qMin(FadeWidth, width() / 4);
     if (d->fade.size() != size() * dpr) {
-        d->fade = QImage(size() * dpr, QImage::Format_ARGB32_Premultiplied);
-        d->fade.setDevicePixelRatio(dpr);
-        d->fade.fill(Qt::transparent);
+        d->fade = transparentImage(size(), dpr);
         QLinearGradient g(0, 0, width(), 0);
         const qreal edge = qreal(fade) / qMax(1, width());
         g.setColorAt(0, Qt::transparent);
@@ -251,8 +255,7 @@ void HvRollingText::paintEvent(QPaintEvent* e)
         g.setColorAt(1 - edge, Qt::black);
         g.setColorAt(1, Qt::transparent);
         QPainter(&d->fade).fillRect(rect(), g);
-        d->layer = QImage(QSize(fade, height()) * dpr, QImage::Format_ARGB32_Premultiplied);
-        d->layer.setDevicePixelRatio(dpr);
+        d->layer = transparentImage(QSize(fade, height()), dpr);
     }
     const int x = -int(d->offset);
     const int next = x + d->textWidth + gap();
