@@ -1,0 +1,59 @@
+#ifndef PCAPNGWRITER_H
+#define PCAPNGWRITER_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+// Writes the tuner link's traffic as a pcapng file that Wireshark, tshark
+// and libpcap read: one section, one interface of link type USER0, and one
+// enhanced packet block per record or frame. A packet is one direction
+// byte followed by the bytes exactly as they were on the socket.
+//
+// pcapng rather than pcap because the link needs what only pcapng has:
+// comments on packets (reconnections, gaps) and a drop counter.
+// Not thread-safe: one thread owns a writer.
+class PcapngWriter
+{
+public:
+    // The packet's first byte.
+    enum Direction : uint8_t {
+        FromService = 0,  // a status record the link read
+        ToService = 1,    // a command frame the link wrote
+    };
+    static const uint16_t LinkTypeUser0 = 147;
+
+    PcapngWriter() = default;
+    ~PcapngWriter();
+    PcapngWriter(const PcapngWriter&) = delete;
+    PcapngWriter& operator=(const PcapngWriter&) = delete;
+
+    // Creates (truncates) the file and writes the section header and the
+    // interface description. False with *error set when it cannot.
+    bool open(const std::string& path, std::string* error);
+    bool isOpen() const { return m_file != nullptr; }
+
+    // One enhanced packet block. dropsBefore counts the packets lost just
+    // before this one (the block's drop counter); comment may be null.
+    bool writePacket(uint64_t timeUs, Direction dir, const void* data, size_t len,
+                     uint64_t dropsBefore = 0, const char* comment = nullptr);
+    bool flush();
+    // Writes the interface statistics (the packets dropped while this file
+    // was written) and closes the file.
+    void close(uint64_t timeUs, uint64_t dropped);
+
+    // Bytes in the file so far.
+    uint64_t size() const { return m_size; }
+
+private:
+    bool writeBlock(uint32_t type, const std::string& body);
+
+    FILE* m_file = nullptr;
+    uint64_t m_size = 0;
+    uint64_t m_startUs = 0;
+    bool m_started = false;
+    bool m_failed = false;
+};
+
+#endif
