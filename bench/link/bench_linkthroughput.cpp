@@ -1,6 +1,8 @@
 // Throughput of status records through the link's reader: a fake service
 // writes records as fast as the link takes them, the reader hands each one
-// to a counting controller. Prints records/s per write size and log sink.
+// to a counting controller. Prints records/s per write size and log sink,
+// and with the link's capture on (into a file beside the log), with the
+// packets the capture wrote and dropped.
 //
 // Usage: bench_linkthroughput [records per case, default 200000]
 
@@ -8,6 +10,7 @@
 #include "FakeTunerService.h"
 #include "ProtocolComm.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -69,6 +72,37 @@ int main(int argc, char** argv)
         return 1;
     close(logFd);
 
+    char captureFile[] = "/tmp/bench_linkcaptureXXXXXX";
+    const int captureFd = mkstemp(captureFile);
+    if (captureFd < 0)
+        return 1;
+    close(captureFd);
+
+    // Records/s for one case, or 0 when not all records arrived.
+    const auto runCase = [&](int batch) -> double {
+        std::vector<tag_RadioCmdFromMCU> buffer(static_cast<size_t>(batch));
+        for (int i = 0; i < batch; ++i) {
+            buffer[static_cast<size_t>(i)] = tag_RadioCmdFromMCU{};
+            buffer[static_cast<size_t>(i)].cmd = static_cast<uint32_t>(i % 40);
+        }
+        const int writes = records / batch;
+        const uint64_t total = static_cast<uint64_t>(writes) * static_cast<uint64_t>(batch);
+        counter.expect(total);
+        const Clock::time_point start = Clock::now();
+        for (int w = 0; w < writes; ++w) {
+            if (!service.write(buffer.data(), buffer.size() * sizeof(tag_RadioCmdFromMCU)))
+                return 0;
+        }
+        const bool done = counter.waitForTarget(120000);
+        const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+        if (!done) {
+            fprintf(stderr, "%d per write: only %llu of %llu records arrived\n", batch,
+                    static_cast<unsigned long long>(counter.count()), static_cast<unsigned long long>(total));
+            return 0;
+        }
+        return total / seconds;
+    };
+
     struct Sink {
         const char* name;
         const char* path;
@@ -82,37 +116,45 @@ int main(int argc, char** argv)
         if (!logTo(sink.path))
             return 1;
         for (int batch : batches) {
-            std::vector<tag_RadioCmdFromMCU> buffer(static_cast<size_t>(batch));
-            for (int i = 0; i < batch; ++i) {
-                buffer[static_cast<size_t>(i)] = tag_RadioCmdFromMCU{};
-                buffer[static_cast<size_t>(i)].cmd = static_cast<uint32_t>(i % 40);
-            }
-            const int writes = records / batch;
-            const uint64_t total = static_cast<uint64_t>(writes) * static_cast<uint64_t>(batch);
-            counter.expect(total);
-
-            const Clock::time_point start = Clock::now();
-            for (int w = 0; w < writes; ++w) {
-                if (!service.write(buffer.data(), buffer.size() * sizeof(tag_RadioCmdFromMCU))) {
-                    fprintf(stderr, "write failed\n");
-                    return 1;
-                }
-            }
-            const bool done = counter.waitForTarget(120000);
-            const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
-            if (!done) {
-                fprintf(stderr, "%s, %d per write: only %llu of %llu records arrived\n", sink.name, batch,
-                        static_cast<unsigned long long>(counter.count()), static_cast<unsigned long long>(total));
+            const double rate = runCase(batch);
+            if (rate <= 0) {
                 status = 1;
                 continue;
             }
-            fprintf(stderr, "%-18s %3d records per write: %8.3f s  %10.0f records/s  %7.1f MiB/s\n", sink.name, batch,
-                    seconds, total / seconds, total * sizeof(tag_RadioCmdFromMCU) / seconds / (1024.0 * 1024.0));
+            fprintf(stderr, "%-18s %3d records per write: %10.0f records/s  %7.1f MiB/s\n", sink.name, batch, rate,
+                    rate * sizeof(tag_RadioCmdFromMCU) / (1024.0 * 1024.0));
         }
     }
+
+    // The capture's cost, one record per write with the log in a file. Runs
+    // without and with capture alternate, so that drifts of a shared
+    // machine hit both alike; the medians are compared.
+    const int rounds = 7;
+    std::vector<double> off, on;
+    uint64_t captured = 0, dropped = 0;
+    for (int round = 0; round < rounds; ++round) {
+        off.push_back(runCase(1));
+        if (!link->startCapture(captureFile))
+            return 1;
+        on.push_back(runCase(1));
+        link->stopCapture();
+        captured += link->capture().written();
+        dropped += link->capture().dropped();
+    }
+    std::sort(off.begin(), off.end());
+    std::sort(on.begin(), on.end());
+    const double offMedian = off[rounds / 2], onMedian = on[rounds / 2];
+    if (offMedian <= 0 || onMedian <= 0)
+        status = 1;
+    else
+        fprintf(stderr, "capture, 1 record per write, median of %d: off %.0f, on %.0f records/s (%+.1f %%); "
+                        "captured %llu, dropped %llu\n",
+                rounds, offMedian, onMedian, (onMedian / offMedian - 1) * 100, static_cast<unsigned long long>(captured),
+                static_cast<unsigned long long>(dropped));
 
     m_pTuner = nullptr;
     ProtocolComm::DeleteInstance();
     unlink(logFile);
+    unlink(captureFile);
     return status;
 }

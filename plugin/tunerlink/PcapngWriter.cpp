@@ -2,6 +2,8 @@
 
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -80,15 +82,26 @@ bool PcapngWriter::open(const std::string& path, std::string* error)
 {
     if (m_file)
         std::fclose(m_file);
-    m_file = std::fopen(path.c_str(), "wbe");
+    m_file = nullptr;
     m_size = 0;
     m_started = false;
     m_failed = false;
+    // Opened without blocking: a FIFO nobody reads fails at once instead of
+    // holding the caller. Writes block again, on the capture's own thread.
+    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0644);
+    if (fd >= 0) {
+        fcntl(fd, F_SETFL, fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+        m_file = fdopen(fd, "wb");
+        if (!m_file)
+            ::close(fd);
+    }
     if (!m_file) {
         if (error)
             *error = std::strerror(errno);
         return false;
     }
+    // Records come in bursts; a larger buffer keeps a burst in few writes.
+    std::setvbuf(m_file, nullptr, _IOFBF, 64 * 1024);
 
     std::string shb;
     put<uint32_t>(shb, kByteOrderMagic);
@@ -127,8 +140,8 @@ bool PcapngWriter::writePacket(uint64_t timeUs, Direction dir, const void* data,
         m_started = true;
     }
     const uint32_t captured = static_cast<uint32_t>(len + 1);
-    std::string epb;
-    epb.reserve(32 + captured + 64);
+    std::string& epb = m_body;
+    epb.clear();
     put<uint32_t>(epb, 0);  // interface
     putTime(epb, timeUs);
     put<uint32_t>(epb, captured);
@@ -175,16 +188,13 @@ void PcapngWriter::close(uint64_t timeUs, uint64_t dropped)
 bool PcapngWriter::writeBlock(uint32_t type, const std::string& body)
 {
     const uint32_t total = static_cast<uint32_t>(body.size() + 12);
-    std::string block;
-    block.reserve(total);
-    put<uint32_t>(block, type);
-    put<uint32_t>(block, total);
-    block += body;
-    put<uint32_t>(block, total);
-    if (std::fwrite(block.data(), 1, block.size(), m_file) != block.size()) {
+    const uint32_t head[2] = {type, total};
+    if (fwrite_unlocked(head, sizeof head, 1, m_file) != 1
+        || fwrite_unlocked(body.data(), 1, body.size(), m_file) != body.size()
+        || fwrite_unlocked(&total, sizeof total, 1, m_file) != 1) {
         m_failed = true;
         return false;
     }
-    m_size += block.size();
+    m_size += total;
     return true;
 }

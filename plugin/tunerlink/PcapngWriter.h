@@ -50,6 +50,8 @@ private:
     bool writeBlock(uint32_t type, const std::string& body);
 
     FILE* m_file = nullptr;
+    // Reused for every packet block.
+    std::string m_body;
     uint64_t m_size = 0;
     uint64_t m_startUs = 0;
     bool m_started = false;

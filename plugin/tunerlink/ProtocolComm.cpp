@@ -1,13 +1,16 @@
 #include "ProtocolComm.h"
 
+#include "LinkLog.h"
+
 #include "ModuleManager.h"
 #include "RadioModule.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <mutex>
 #include <ctime>
 #include <fcntl.h>
 #include <poll.h>
@@ -28,18 +31,23 @@ const socklen_t kPeerLen = 13;
 const unsigned kFirstRetryMs = 100;
 const unsigned kMaxRetryMs = 5000;
 
-// The link's own events go out at once: its output is read line by line
-// by whoever watches the head unit, often through a pipe.
-void logLine(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
-void logLine(const char* fmt, ...)
+const char kCaptureVar[] = "RADIO_CAPTURE";
+const char kCaptureMaxVar[] = "RADIO_CAPTURE_MAX_MB";
+
+// RADIO_CAPTURE_MAX_MB in bytes; 0 (no cap) when unset, and when not a
+// positive number, which is logged.
+uint64_t captureCap()
 {
-    va_list args;
-    va_start(args, fmt);
-    flockfile(stdout);
-    vprintf(fmt, args);
-    fflush(stdout);
-    funlockfile(stdout);
-    va_end(args);
+    const char* text = std::getenv(kCaptureMaxVar);
+    if (!text || !*text)
+        return 0;
+    char* end = nullptr;
+    const double mb = std::strtod(text, &end);
+    if (*end != '\0' || !(mb > 0) || mb > 1e6) {
+        linkLog("Radio capture: %s=\"%s\" is not a size in MB, no cap\n", kCaptureMaxVar, text);
+        return 0;
+    }
+    return static_cast<uint64_t>(mb * 1024 * 1024);
 }
 
 // xorshift32: jitter only needs to keep several links from retrying in step.
@@ -82,7 +90,7 @@ ProtocolComm::ProtocolComm()
     std::strncpy(m_addr.sun_path, kOwnPath, sizeof m_addr.sun_path - 1);
 
     if (pipe2(m_wake, O_CLOEXEC | O_NONBLOCK) != 0) {
-        logLine("Radio link wake pipe failed with error: %d\n", errno);
+        linkLog("Radio link wake pipe failed with error: %d\n", errno);
         m_wake[0] = m_wake[1] = -1;
     }
 
@@ -99,6 +107,7 @@ ProtocolComm::ProtocolComm()
 ProtocolComm::~ProtocolComm()
 {
     halt();
+    stopCapture();
     if (m_wake[0] >= 0)
         close(m_wake[0]);
     if (m_wake[1] >= 0)
@@ -113,6 +122,11 @@ int ProtocolComm::Start()
         return 0;
 
     m_runFlag = 1;
+    // The capture is set up before the first record can arrive.
+    const char* capture = std::getenv(kCaptureVar);
+    if (capture && *capture && !m_capture.isRunning())
+        startCapture(capture);
+
     // A wake-up left over from the last Stop() would cut the reader's first
     // wait short.
     char stale[16];
@@ -121,7 +135,7 @@ int ProtocolComm::Start()
 
     // A socket left over from a Start() whose reader could not be created.
     dropSocket();
-    logLine("Radio socket struct size: %d\n", static_cast<int>(sizeof m_addr));
+    linkLog("Radio socket struct size: %d\n", static_cast<int>(sizeof m_addr));
     const int fd = openSocket();
     const bool connected = fd >= 0 && connectPeer(fd);
     {
@@ -130,11 +144,11 @@ int ProtocolComm::Start()
     }
     m_connected = connected;
     if (!connected)
-        logLine("=====>>>Radio ProtocolComm Start Error!\n");
+        linkLog("=====>>>Radio ProtocolComm Start Error!\n");
 
     const int err = pthread_create(&m_thread, nullptr, &ProtocolComm::_thread, this);
     if (err != 0) {
-        logLine("Radio reader thread not started, error: %d\n", err);
+        linkLog("Radio reader thread not started, error: %d\n", err);
         return -1;
     }
     m_readerStarted = true;
@@ -143,7 +157,7 @@ int ProtocolComm::Start()
 
 void ProtocolComm::Stop()
 {
-    logLine("Radio ProtocolComm Stop\n");
+    linkLog("Radio ProtocolComm Stop\n");
     halt();
 }
 
@@ -163,7 +177,7 @@ void ProtocolComm::halt()
     if (m_wake[1] >= 0) {
         const char wake = 1;
         if (write(m_wake[1], &wake, 1) < 0 && errno != EAGAIN)
-            logLine("Radio link wake failed with error: %d\n", errno);
+            linkLog("Radio link wake failed with error: %d\n", errno);
     }
     if (m_readerStarted) {
         pthread_join(m_thread, nullptr);
@@ -236,7 +250,8 @@ bool ProtocolComm::reconnect(unsigned& delayMs, unsigned& jitterState)
             m_sock = fd;
             m_connected = true;
         }
-        logLine("Radio link connected\n");
+        linkLog("Radio link connected\n");
+        m_capture.markReconnect();
         Tuner_Request_list();
         return true;
     }
@@ -305,16 +320,18 @@ void ProtocolComm::loop()
         if (n < 0 && errno == EINTR)
             continue;
         if (n < 0)
-            logLine("-radio socket read failed with error: %d\n", errno);
+            linkLog("-radio socket read failed with error: %d\n", errno);
         if (!m_runFlag)
             break;
         m_connected = false;
-        logLine("Radio link lost, reconnecting\n");
+        linkLog("Radio link lost, reconnecting\n");
     }
 }
 
 void ProtocolComm::handOver(const tag_RadioCmdFromMCU& record)
 {
+    m_capture.add(PcapngWriter::FromService, &record, sizeof record);
+
     // The kind ends the line so that the log stays one line per record.
     // A terminal sees every line at once; a file or pipe gets them in
     // blocks, flushed whenever the reader runs out of input.
@@ -336,6 +353,7 @@ void ProtocolComm::handOver(const tag_RadioCmdFromMCU& record)
 int ProtocolComm::writeAll(const void* data, int len)
 {
     const char* rest = static_cast<const char*>(data);
+    const int total = len;
     while (len > 0) {
         // A service that stops reading must not hold the GUI thread: what
         // cannot be queued at once fails at once, like any failed send.
@@ -347,6 +365,8 @@ int ProtocolComm::writeAll(const void* data, int len)
         rest += n;
         len -= static_cast<int>(n);
     }
+    if (total > 0)
+        m_capture.add(PcapngWriter::ToService, data, static_cast<size_t>(total));
     return 0;
 }
 
@@ -383,28 +403,28 @@ void ProtocolComm::Tuner_Band(unsigned char band)
 void ProtocolComm::Tuner_AutoSearch()
 {
     if (sendFrame(RC_AUTO_SEARCH, 0) != 0)
-        logLine("Radio send data fail.\n");
+        linkLog("Radio send data fail.\n");
 }
 
 void ProtocolComm::Tuner_PS()
 {
     if (sendFrame(RC_PS, 0) != 0)
-        logLine("Radio send data fail.\n");
+        linkLog("Radio send data fail.\n");
 }
 
 void ProtocolComm::Tuner_SeekUp()
 {
-    logLine("RC_SEEK_UP\n");
+    linkLog("RC_SEEK_UP\n");
     if (sendFrame(RC_SEEK_UP, 0) != 0)
-        logLine("Radio send data fail.\n");
+        linkLog("Radio send data fail.\n");
     else
-        logLine("RC_SEEK_UP success\n");
+        linkLog("RC_SEEK_UP success\n");
 }
 
 void ProtocolComm::Tuner_SeekDown()
 {
     if (sendFrame(RC_SEEK_DOWN, 0) != 0)
-        logLine("Radio send data fail.\n");
+        linkLog("Radio send data fail.\n");
 }
 
 void ProtocolComm::Tuner_StepUp()
@@ -420,7 +440,7 @@ void ProtocolComm::Tuner_StepDown()
 void ProtocolComm::Tuner_Scan()
 {
     if (sendFrame(RC_SCAN, 0) != 0)
-        logLine("Radio send data fail.\n");
+        linkLog("Radio send data fail.\n");
 }
 
 void ProtocolComm::Tuner_AFOnOff(bool on)
@@ -491,4 +511,50 @@ int ProtocolComm::getRun_Flag()
 bool ProtocolComm::isConnected() const
 {
     return m_connected;
+}
+
+bool ProtocolComm::startCapture(const char* path)
+{
+    stopCapture();
+    const uint64_t cap = captureCap();
+    std::string error;
+    if (!m_capture.start(path, cap, &error)) {
+        linkLog("Radio capture to %s failed: %s\n", path, error.c_str());
+        return false;
+    }
+    if (cap > 0)
+        linkLog("Radio capture to %s, rotating at %llu bytes over %d files\n", path,
+                static_cast<unsigned long long>(cap), LinkCapture::RingFiles);
+    else
+        linkLog("Radio capture to %s\n", path);
+    // The link lives until the process ends; the capture's last second and
+    // its statistics must not be lost with it.
+    static std::once_flag s_atExit;
+    std::call_once(s_atExit, [] {
+        std::atexit([] {
+            if (m_s_ProtocolComm)
+                m_s_ProtocolComm->stopCapture();
+        });
+    });
+    return true;
+}
+
+void ProtocolComm::stopCapture()
+{
+    if (!m_capture.isRunning())
+        return;
+    m_capture.stop();
+    linkLog("Radio capture to %s stopped: %llu packets, %llu dropped\n", m_capture.path().c_str(),
+            static_cast<unsigned long long>(m_capture.written()),
+            static_cast<unsigned long long>(m_capture.dropped()));
+}
+
+int radio_link_capture_start(const char* path)
+{
+    return path && *path && ProtocolComm::GetInstance()->startCapture(path) ? 0 : -1;
+}
+
+void radio_link_capture_stop(void)
+{
+    ProtocolComm::GetInstance()->stopCapture();
 }

@@ -1,6 +1,7 @@
 #ifndef PROTOCOLCOMM_H
 #define PROTOCOLCOMM_H
 
+#include "LinkCapture.h"
 #include "RadioCmdFromMCU.h"
 #include "RadioCmdToMCU.h"
 #include "TunerHandle.h"
@@ -61,6 +62,14 @@ public:
     void Tuner_PresetDown();
     void Tuner_Request_list();
 
+    // Records every record read and frame written into a pcapng file
+    // (LinkCapture), replacing a capture in progress; RADIO_CAPTURE_MAX_MB
+    // caps the file. Start() begins one by itself when RADIO_CAPTURE names
+    // a file. False, logged, when the file cannot be opened.
+    bool startCapture(const char* path);
+    void stopCapture();
+    const LinkCapture& capture() const { return m_capture; }
+
     int getRun_Flag();
     // True while a connection to the service is up.
     bool isConnected() const;
@@ -102,7 +111,18 @@ private:
     // Record lines are flushed one by one only for a terminal.
     const bool m_logToTerminal;
 
+    LinkCapture m_capture;
+
     static ProtocolComm* m_s_ProtocolComm;
 };
+
+// The capture operations as plain C entry points, so that a host which
+// loaded the plugin can reach them by name (dlsym, QLibrary::resolve)
+// without knowing its classes. 0 on success, -1 when the file cannot be
+// opened; both work on the process's one link.
+extern "C" {
+__attribute__((visibility("default"))) int radio_link_capture_start(const char* path);
+__attribute__((visibility("default"))) void radio_link_capture_stop(void);
+}
 
 #endif

@@ -8,6 +8,10 @@
 
 #include <QtTest>
 
+#include <fcntl.h>
+#include <pcap/pcap.h>
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <deque>
 #include <mutex>
@@ -104,6 +108,11 @@ private slots:
     void queuedHandOver();
     void recordWithoutSourceIsZero();
     void fullSocketFailsAtOnce();
+
+    // The capture of the link's traffic.
+    void capture_data();
+    void capture();
+    void captureRing();
 
 private:
     ProtocolComm* startLink(bool serviceUp);
@@ -480,6 +489,184 @@ void tst_ProtocolComm::fullSocketFailsAtOnce()
     }
     QCOMPARE(out.lines().count(QLatin1String(kFail)), 1);
     QVERIFY2(slowest < 500, qPrintable(QString::number(slowest)));
+}
+
+// ---- Capture ----
+
+namespace {
+
+// The packets of a capture file as hex, read by libpcap rather than by
+// anything of ours; "error" when libpcap rejects the file.
+QStringList packetsIn(const QString& path)
+{
+    char error[PCAP_ERRBUF_SIZE];
+    pcap_t* file = pcap_open_offline(QFile::encodeName(path).constData(), error);
+    if (!file || pcap_datalink(file) != 147)
+        return {QStringLiteral("error")};
+    QStringList packets;
+    pcap_pkthdr* header;
+    const u_char* data;
+    while (pcap_next_ex(file, &header, &data) == 1)
+        packets << QByteArray(reinterpret_cast<const char*>(data), int(header->caplen)).toHex();
+    pcap_close(file);
+    return packets;
+}
+
+// A packet as the capture holds it: the direction byte, then the bytes.
+QString packet(char direction, const void* bytes, size_t len)
+{
+    return (QByteArray(1, direction) + QByteArray(static_cast<const char*>(bytes), int(len))).toHex();
+}
+
+struct CaptureEnv {
+    CaptureEnv(const QString& path, const QByteArray& capMb)
+    {
+        qputenv("RADIO_CAPTURE", QFile::encodeName(path));
+        if (!capMb.isEmpty())
+            qputenv("RADIO_CAPTURE_MAX_MB", capMb);
+    }
+    ~CaptureEnv()
+    {
+        qunsetenv("RADIO_CAPTURE");
+        qunsetenv("RADIO_CAPTURE_MAX_MB");
+    }
+};
+
+} // namespace
+
+void tst_ProtocolComm::capture_data()
+{
+    QTest::addColumn<QString>("mode");
+    QTest::addColumn<QByteArray>("capMb");
+    QTest::addColumn<QString>("log");  // %1: the capture file
+
+    QTest::newRow("records, frames, a reconnection") << "file" << QByteArray() << "Radio capture to %1";
+    QTest::newRow("size cap not a number: no cap")
+        << "file" << QByteArray("1O") << "Radio capture: RADIO_CAPTURE_MAX_MB=\"1O\" is not a size in MB, no cap";
+    QTest::newRow("folder missing: no capture")
+        << "missing" << QByteArray() << "Radio capture to %1 failed: No such file or directory";
+    QTest::newRow("FIFO nobody reads: no capture")
+        << "fifo" << QByteArray() << "Radio capture to %1 failed: No such device or address";
+    QTest::newRow("writer stalled: drops counted") << "stalled" << QByteArray() << "Radio capture to %1";
+}
+
+// RADIO_CAPTURE records what the link reads and writes, and never costs the
+// radio a record: a file that cannot be written is logged and skipped, a
+// writer that falls behind drops from the capture and says how much.
+void tst_ProtocolComm::capture()
+{
+    QFETCH(QString, mode);
+    QFETCH(QByteArray, capMb);
+    QFETCH(QString, log);
+
+    QTemporaryDir dir;
+    const QString path = dir.filePath(mode == QLatin1String("missing") ? "none/c.pcapng" : "c.pcapng");
+    const bool fifo = mode == QLatin1String("fifo") || mode == QLatin1String("stalled");
+    if (fifo)
+        QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    const int fifoEnd = mode == QLatin1String("stalled") ? open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC) : -1;
+    CaptureEnv env(path, capMb);
+    m_pTuner = m_controller.get();
+    OutputCapture out;
+    ProtocolComm* link = startLink(true);
+    QVERIFY(link);
+    QVERIFY2(out.lines().contains(log.arg(path)), qPrintable(out.lines().join('\n')));
+    const bool capturing = mode == QLatin1String("file") || fifoEnd >= 0;
+    QCOMPARE(link->capture().isRunning(), capturing);
+
+    // Enough records to fill the capture's queue while nobody reads the FIFO.
+    const int count = fifoEnd >= 0 ? LinkCapture::QueueSlots + 2000 : 3;
+    std::vector<tag_RadioCmdFromMCU> sent;
+    QStringList expected;
+    for (int i = 0; i < count; ++i) {
+        sent.push_back(record(uint32_t(i % 40), uint32_t(i)));
+        expected << packet(0, &sent.back(), sizeof sent.back());
+    }
+    QVERIFY(m_service->write(sent.data(), sent.size() * sizeof sent[0]));
+    QCOMPARE(m_controller->waitFor(count).size(), size_t(count));
+    QByteArray bytes;
+    std::thread drain;
+    if (fifoEnd >= 0) {
+        // The FIFO is read from now on: what follows is captured after a gap.
+        fcntl(fifoEnd, F_SETFL, 0);
+        drain = std::thread([&] {
+            char chunk[65536];
+            for (ssize_t n; (n = read(fifoEnd, chunk, sizeof chunk)) > 0;)
+                bytes.append(chunk, int(n));
+        });
+        QTRY_COMPARE(link->capture().written() + link->capture().dropped(), uint64_t(count));
+    }
+    link->Tuner_SeekUp();
+    link->Tuner_SetFreq(8750);
+    QCOMPARE(sentFrames(link).size(), size_t(2));
+    const RadioCmdToMCU frames[] = {{RC_SEEK_UP, 0}, {RC_SET_FREQ, 8750}, kMarker, {RC_REQUEST_LIST, 0}};
+    for (const RadioCmdToMCU& f : frames)
+        expected << packet(1, &f, sizeof f);
+    const int accepted = m_service->acceptedCount();
+    m_service->closeClient();
+    QVERIFY(m_service->waitForClient(accepted, 10000) && m_service->waitForFrames(1));
+
+    const uint64_t before = out.lines().size();
+    link->stopCapture();
+    if (fifoEnd >= 0) {
+        drain.join();
+        close(fifoEnd);
+        QFile copy(dir.filePath("copy.pcapng"));
+        QVERIFY(copy.open(QIODevice::WriteOnly) && copy.write(bytes) == bytes.size());
+    }
+    if (!capturing) {
+        QCOMPARE(out.lines().size(), int(before));
+        return;
+    }
+    const LinkCapture& capture = link->capture();
+    QCOMPARE(out.lines().mid(int(before)),
+             QStringList{QStringLiteral("Radio capture to %1 stopped: %2 packets, %3 dropped")
+                             .arg(path).arg(capture.written()).arg(capture.dropped())});
+    QCOMPARE(capture.written() + capture.dropped(), uint64_t(expected.size()));
+    const QStringList got = packetsIn(fifoEnd >= 0 ? dir.filePath("copy.pcapng") : path);
+    QCOMPARE(uint64_t(got.size()), capture.written());
+    QFile file(fifoEnd >= 0 ? dir.filePath("copy.pcapng") : path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray all = file.readAll();
+    if (fifoEnd >= 0) {
+        QVERIFY(capture.dropped() > 0);
+        QVERIFY(all.contains("packets before this one not captured"));
+    } else {
+        QCOMPARE(got, expected);
+        QCOMPARE(capture.dropped(), uint64_t(0));
+        QVERIFY(all.contains("link connected again"));
+    }
+}
+
+// With a size cap the capture rotates through four files, each within the
+// cap, the newest packets in FILE and none lost between the files.
+void tst_ProtocolComm::captureRing()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath("ring.pcapng");
+    CaptureEnv env(path, "0.01");
+    m_pTuner = m_controller.get();
+    ProtocolComm* link = startLink(true);
+    QVERIFY(link && link->capture().isRunning());
+    std::vector<tag_RadioCmdFromMCU> sent;
+    for (uint32_t i = 0; i < 100; ++i)
+        sent.push_back(record(MCU_SIGNAL, i));
+    QVERIFY(m_service->write(sent.data(), sent.size() * sizeof sent[0]));
+    QCOMPARE(m_controller->waitFor(100).size(), size_t(100));
+    link->stopCapture();
+
+    QStringList ring;
+    for (const char* suffix : {".3", ".2", ".1", ""}) {
+        const QString file = path + QLatin1String(suffix);
+        QVERIFY2(QFileInfo(file).size() <= 10485, qPrintable(file));
+        const QStringList packets = packetsIn(file);
+        QVERIFY2(!packets.isEmpty() && packets.first() != QLatin1String("error"), qPrintable(file));
+        ring += packets;
+    }
+    QVERIFY(!QFileInfo::exists(path + QLatin1String(".4")));
+    QVERIFY(ring.size() < 100);
+    for (int i = 0; i < ring.size(); ++i)
+        QCOMPARE(ring[i], packet(0, &sent[sent.size() - ring.size() + i], sizeof sent[0]));
 }
 
 QTEST_GUILESS_MAIN(tst_ProtocolComm)

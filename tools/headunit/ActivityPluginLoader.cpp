@@ -94,3 +94,13 @@ QString ActivityPluginLoader::loadFile(const QString& path)
     qCInfo(lcPlugins).noquote() << QStringLiteral("loaded activity \"%1\" from %2").arg(name, path);
     return name;
 }
+
+QFunctionPointer ActivityPluginLoader::resolve(const char* symbol) const
+{
+    for (const QPluginLoader* loader : m_loaders) {
+        // The plugin is loaded already: this only looks the name up in it.
+        if (QFunctionPointer fn = QLibrary(loader->fileName()).resolve(symbol))
+            return fn;
+    }
+    return nullptr;
+}

@@ -1,6 +1,7 @@
 #ifndef ACTIVITYPLUGINLOADER_H
 #define ACTIVITYPLUGINLOADER_H
 
+#include <QFunctionPointer>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -27,6 +28,8 @@ public:
     QString loadFile(const QString& path);
 
     QStringList messages() const { return m_messages; }
+    // A function the loaded plugins export under this C name, or null.
+    QFunctionPointer resolve(const char* symbol) const;
 
 private:
     void reject(const QString& message);

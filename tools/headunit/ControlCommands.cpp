@@ -1,9 +1,12 @@
 #include "ControlCommands.h"
 
+#include "ActivityPluginLoader.h"
+
 #include "HostInputs.h"
 #include "LanguageSwitch.h"
 #include "SyntheticInput.h"
 
+#include <QFile>
 #include <QWidget>
 
 namespace {
@@ -111,6 +114,8 @@ QString ControlCommands::execute(const QString& rawLine)
             return error(line, why.isEmpty() ? QStringLiteral("dump failed") : why);
         return words.size() == 2 ? ok(line) : ok(line, path);
     }
+    if (verb == QLatin1String("capture"))
+        return capture(words, line);
     if (verb == QLatin1String("quit")) {
         emit quitRequested();
         return ok(line);
@@ -175,4 +180,24 @@ QString ControlCommands::host(const QStringList& words, const QString& line)
     }
     return error(line, QStringLiteral("usage: host region N | fm | am | next | prev | stream on|off | power | "
                                       "reversing on|off | temperature C | mute on|off | language en|de|fr|cs"));
+}
+
+// The link's capture is reached by the C names the radio plugin exports.
+QString ControlCommands::capture(const QStringList& words, const QString& line)
+{
+    const bool start = words.size() == 3 && words.at(1) == QLatin1String("start");
+    if (!start && !(words.size() == 2 && words.at(1) == QLatin1String("stop")))
+        return error(line, QStringLiteral("usage: capture start FILE | capture stop"));
+    const QFunctionPointer fn =
+        m_plugins ? m_plugins->resolve(start ? "radio_link_capture_start" : "radio_link_capture_stop") : nullptr;
+    if (!fn)
+        return error(line, QStringLiteral("no radio link"));
+    if (!start) {
+        reinterpret_cast<void (*)()>(fn)();
+        return ok(line);
+    }
+    const QByteArray path = QFile::encodeName(words.at(2));
+    if (reinterpret_cast<int (*)(const char*)>(fn)(path.constData()) != 0)
+        return error(line, QStringLiteral("cannot write %1").arg(words.at(2)));
+    return ok(line);
 }

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class ActivityPluginLoader;
 class HostInputs;
 class QWidget;
 
@@ -19,6 +20,8 @@ class QWidget;
 //   host temperature C | host mute on|off
 //   activity NAME          switch the head unit to an activity
 //   dump [FILE]            write the snapshot now (default: the --dump file)
+//   capture start FILE | capture stop
+//                          record the radio's tuner link into a pcapng file
 //   quit
 // Each command answers one line: "ok <command>[ <detail>]" or
 // "error <command>: <reason>".
@@ -32,17 +35,21 @@ public:
                     QObject* parent = nullptr);
 
     QString execute(const QString& line);
+    // Where the capture commands find the radio plugin's link.
+    void setPlugins(const ActivityPluginLoader* plugins) { m_plugins = plugins; }
 
 signals:
     void quitRequested();
 
 private:
     QString host(const QStringList& words, const QString& line);
+    QString capture(const QStringList& words, const QString& line);
 
     QWidget* m_window;
     HostInputs* m_inputs;
     DumpFn m_dump;
     QString m_defaultDumpFile;
+    const ActivityPluginLoader* m_plugins = nullptr;
 };
 
 #endif

@@ -137,6 +137,7 @@ int HeadUnitShell::start()
         m_commands = new ControlCommands(
             m_window.get(), m_inputs, [this](const QString& path, QString* error) { return writeDump(path, error); },
             m_options.dumpFile, this);
+        m_commands->setPlugins(m_plugins.get());
         connect(m_commands, &ControlCommands::quitRequested, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
         m_control = new ControlChannel(STDIN_FILENO, m_commands, stdout, this);
     }

@@ -1,0 +1,243 @@
+#include "LinkCapture.h"
+
+#include "LinkLog.h"
+#include "RadioCmdFromMCU.h"
+
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <ctime>
+
+struct LinkCapture::Slot {
+    uint64_t timeUs;
+    uint64_t dropsBefore;
+    uint16_t len;
+    PcapngWriter::Direction dir;
+    bool reconnect;
+    unsigned char bytes[sizeof(tag_RadioCmdFromMCU)];
+};
+
+LinkCapture::LinkCapture() = default;
+
+LinkCapture::~LinkCapture()
+{
+    stop();
+}
+
+uint64_t LinkCapture::nowUs()
+{
+    timespec ts{};
+    clock_gettime(CLOCK_REALTIME, &ts);
+    return static_cast<uint64_t>(ts.tv_sec) * 1000000u + static_cast<uint64_t>(ts.tv_nsec) / 1000u;
+}
+
+bool LinkCapture::start(const std::string& path, uint64_t maxBytes, std::string* error)
+{
+    stop();
+    if (!m_writer.open(path, error))
+        return false;
+    m_path = path;
+    m_maxBytes = maxBytes;
+    m_written = 0;
+    m_fileDropped = 0;
+    m_filePackets = 0;
+    {
+        std::lock_guard<std::mutex> guard(m_lock);
+        m_slots.reset(new Slot[QueueSlots]);
+        m_head = m_count = 0;
+        m_stopping = m_reconnected = false;
+        m_writerState = Busy;
+        m_dropped = m_pendingDrops = 0;
+        m_fileError.clear();
+    }
+    m_thread = std::thread(&LinkCapture::run, this);
+    m_running.store(true, std::memory_order_release);
+    return true;
+}
+
+void LinkCapture::stop()
+{
+    if (!m_thread.joinable())
+        return;
+    m_running.store(false, std::memory_order_release);
+    {
+        std::lock_guard<std::mutex> guard(m_lock);
+        m_stopping = true;
+    }
+    m_wake.notify_one();
+    m_thread.join();
+    std::lock_guard<std::mutex> guard(m_lock);
+    m_writer.close(nowUs(), m_fileDropped + m_pendingDrops);
+    m_slots.reset();
+}
+
+void LinkCapture::add(PcapngWriter::Direction dir, const void* data, size_t len)
+{
+    if (!m_running.load(std::memory_order_acquire))
+        return;
+    const uint64_t timeUs = nowUs();
+    if (len > sizeof(Slot::bytes))
+        len = sizeof(Slot::bytes);
+    bool wake;
+    {
+        std::lock_guard<std::mutex> guard(m_lock);
+        if (m_stopping || !m_slots)
+            return;
+        if (m_count == QueueSlots) {
+            ++m_dropped;
+            ++m_pendingDrops;
+            return;
+        }
+        Slot& slot = m_slots[(m_head + m_count) % QueueSlots];
+        slot.timeUs = timeUs;
+        slot.dropsBefore = m_pendingDrops;
+        slot.len = static_cast<uint16_t>(len);
+        slot.dir = dir;
+        slot.reconnect = m_reconnected;
+        std::memcpy(slot.bytes, data, len);
+        m_pendingDrops = 0;
+        m_reconnected = false;
+        ++m_count;
+        // A napping writer is woken only when the queue fills up.
+        wake = m_writerState == Sleeping || (m_writerState == Napping && m_count == QueueSlots / 8);
+    }
+    if (wake)
+        m_wake.notify_one();
+}
+
+void LinkCapture::markReconnect()
+{
+    if (!m_running.load(std::memory_order_acquire))
+        return;
+    std::lock_guard<std::mutex> guard(m_lock);
+    m_reconnected = true;
+}
+
+uint64_t LinkCapture::dropped() const
+{
+    std::lock_guard<std::mutex> guard(m_lock);
+    return m_dropped;
+}
+
+std::string LinkCapture::fileError() const
+{
+    std::lock_guard<std::mutex> guard(m_lock);
+    return m_fileError;
+}
+
+// The writer thread. It takes what is queued in one go and, when the
+// queue runs dry, naps briefly before it flushes and sleeps: a steady
+// stream is written in batches with few wake-ups, a pause is on disk a
+// nap later, and a long stream is flushed every second.
+void LinkCapture::run()
+{
+    using Clock = std::chrono::steady_clock;
+    const auto flushEvery = std::chrono::seconds(1);
+    const auto nap = std::chrono::milliseconds(10);
+    Clock::time_point lastFlush = Clock::now();
+    bool dirty = false;
+    bool napped = false;
+    const auto ready = [this] { return m_count > 0 || m_stopping; };
+
+    std::unique_lock<std::mutex> lock(m_lock);
+    for (;;) {
+        if (m_count == 0) {
+            if (m_stopping)
+                break;
+            if (!napped) {
+                m_writerState = Napping;
+                m_wake.wait_for(lock, nap, ready);
+                napped = true;
+            } else {
+                if (dirty) {
+                    lock.unlock();
+                    m_writer.flush();
+                    lock.lock();
+                    dirty = false;
+                }
+                m_writerState = Sleeping;
+                m_wake.wait(lock, ready);
+                napped = false;
+            }
+            m_writerState = Busy;
+            continue;
+        }
+        napped = false;
+        const int first = m_head;
+        const int count = m_count;
+        lock.unlock();
+        if (!dirty)
+            lastFlush = Clock::now();
+        for (int i = 0; i < count; ++i)
+            writeSlot(m_slots[(first + i) % QueueSlots]);
+        dirty = true;
+        if (Clock::now() - lastFlush >= flushEvery) {
+            m_writer.flush();
+            dirty = false;
+        }
+        lock.lock();
+        m_head = (first + count) % QueueSlots;
+        m_count -= count;
+    }
+}
+
+void LinkCapture::writeSlot(Slot& slot)
+{
+    if (!m_writer.isOpen()) {
+        std::lock_guard<std::mutex> guard(m_lock);
+        ++m_dropped;
+        return;
+    }
+    // The block's fixed part, the packet, and room for its options.
+    const uint64_t blockBytes = 128 + slot.len;
+    if (m_maxBytes > 0 && m_filePackets > 0 && m_writer.size() + blockBytes > m_maxBytes && !rotate()) {
+        std::lock_guard<std::mutex> guard(m_lock);
+        ++m_dropped;
+        return;
+    }
+
+    char comment[160];
+    comment[0] = '\0';
+    if (slot.reconnect && slot.dropsBefore > 0)
+        std::snprintf(comment, sizeof comment, "link connected again; %llu packets before this one not captured",
+                      static_cast<unsigned long long>(slot.dropsBefore));
+    else if (slot.reconnect)
+        std::snprintf(comment, sizeof comment, "link connected again");
+    else if (slot.dropsBefore > 0)
+        std::snprintf(comment, sizeof comment, "%llu packets before this one not captured",
+                      static_cast<unsigned long long>(slot.dropsBefore));
+
+    m_fileDropped += slot.dropsBefore;
+    if (m_writer.writePacket(slot.timeUs, slot.dir, slot.bytes, slot.len, slot.dropsBefore, comment)) {
+        ++m_written;
+        ++m_filePackets;
+        return;
+    }
+    const std::string error = std::strerror(errno);
+    linkLog("Radio capture write to %s failed: %s\n", m_path.c_str(), error.c_str());
+    m_writer.close(nowUs(), m_fileDropped);
+    std::lock_guard<std::mutex> guard(m_lock);
+    m_fileError = error;
+    ++m_dropped;
+}
+
+// FILE.(n-2) becomes FILE.(n-1) ... FILE becomes FILE.1, and FILE starts
+// anew with its own header.
+bool LinkCapture::rotate()
+{
+    m_writer.close(nowUs(), m_fileDropped);
+    m_fileDropped = 0;
+    m_filePackets = 0;
+    for (int i = RingFiles - 1; i > 0; --i) {
+        const std::string from = i == 1 ? m_path : m_path + "." + std::to_string(i - 1);
+        std::rename(from.c_str(), (m_path + "." + std::to_string(i)).c_str());
+    }
+    std::string error;
+    if (m_writer.open(m_path, &error))
+        return true;
+    linkLog("Radio capture to %s failed: %s\n", m_path.c_str(), error.c_str());
+    std::lock_guard<std::mutex> guard(m_lock);
+    m_fileError = error;
+    return false;
+}
