@@ -38,7 +38,9 @@ configure: deps
 build: configure
 	cmake --build $(BUILD_DIR) -j $(JOBS)
 
+# The capture tests decode with tshark.
 test: build
+	@./cmake/install-deps.sh tshark
 	cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)
 
 demo: build

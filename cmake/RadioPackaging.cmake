@@ -1,7 +1,8 @@
 # Debian packages (cpack -G DEB in a build folder), one per component:
 #   headunit-sdk   the stand-in host SDK: libraries, headers, CMake package
 #   radio-activity the radio plugin in the host's activities folder
-#   radio-demo     the tuner simulator and the head-unit shell
+#   radio-demo     the tuner simulator, the head-unit shell and the
+#                  Wireshark dissector for link captures
 # The architecture is the target's, so a cross build makes arm64 packages.
 # A Qt 6 build makes the same three with "-qt6" appended to their names.
 # A head unit runs one Qt major, so both install the same paths: each
@@ -55,10 +56,12 @@ unit's activity framework.")
 
 set(CPACK_DEBIAN_DEMO_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_DEMO_PACKAGE_DEPENDS
-    "radio-activity${radio_suffix} (= ${radio_version}), headunit-sdk${radio_suffix} (= ${radio_version}), ${radio_qt_depends}")
+    "radio-activity${radio_suffix} (= ${radio_version}), headunit-sdk${radio_suffix} (= ${radio_version}), ${radio_qt_depends}, libpcap0.8 (>= 1.10)")
+set(CPACK_DEBIAN_DEMO_PACKAGE_SUGGESTS "wireshark | tshark")
 set(CPACK_DEBIAN_DEMO_DESCRIPTION "Radio screen demo
-The tuner service simulator (radio-tunersim) and the head-unit shell
-(radio-headunit) that runs the radio screen on a desktop.")
+The tuner service simulator (radio-tunersim), the head-unit shell
+(radio-headunit) that runs the radio screen on a desktop, and the
+Wireshark dissector for captures of the tuner link (RADIO_CAPTURE).")
 
 if(RADIO_PLUGIN_ONLY)
     # The host tree built against provides the SDK.

@@ -12,4 +12,4 @@ if [ "${RADIO_QT_MAJOR:-5}" = 6 ]; then
 else
     QT_ARM64="qtbase5-dev:arm64 libqt5test5:arm64 libqt5network5:arm64 libqt5widgets5:arm64 libqt5gui5:arm64"
 fi
-./cmake/install-deps.sh g++-aarch64-linux-gnu qemu-user-static dpkg-dev $QT_ARM64 libgl-dev:arm64
+./cmake/install-deps.sh g++-aarch64-linux-gnu qemu-user-static dpkg-dev $QT_ARM64 libgl-dev:arm64 libpcap-dev:arm64

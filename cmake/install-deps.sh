@@ -10,7 +10,7 @@ case "${RADIO_QT_MAJOR:-5}" in
 6) QT_PACKAGES="qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libqt6test6 qt6-qpa-plugins" ;;
 *) echo "install-deps: RADIO_QT_MAJOR must be 5 or 6, not $RADIO_QT_MAJOR" >&2; exit 64 ;;
 esac
-PACKAGES="${*:-cmake make g++ pkg-config $QT_PACKAGES fonts-dejavu-core xvfb xauth}"
+PACKAGES="${*:-cmake make g++ pkg-config libpcap-dev $QT_PACKAGES fonts-dejavu-core xvfb xauth}"
 missing=""
 for p in $PACKAGES; do
     if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then

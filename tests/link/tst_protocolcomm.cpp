@@ -112,7 +112,6 @@ private slots:
     // The capture of the link's traffic.
     void capture_data();
     void capture();
-    void captureRing();
 
 private:
     ProtocolComm* startLink(bool serviceUp);
@@ -518,20 +517,6 @@ QString packet(char direction, const void* bytes, size_t len)
     return (QByteArray(1, direction) + QByteArray(static_cast<const char*>(bytes), int(len))).toHex();
 }
 
-struct CaptureEnv {
-    CaptureEnv(const QString& path, const QByteArray& capMb)
-    {
-        qputenv("RADIO_CAPTURE", QFile::encodeName(path));
-        if (!capMb.isEmpty())
-            qputenv("RADIO_CAPTURE_MAX_MB", capMb);
-    }
-    ~CaptureEnv()
-    {
-        qunsetenv("RADIO_CAPTURE");
-        qunsetenv("RADIO_CAPTURE_MAX_MB");
-    }
-};
-
 } // namespace
 
 void tst_ProtocolComm::capture_data()
@@ -543,6 +528,8 @@ void tst_ProtocolComm::capture_data()
     QTest::newRow("records, frames, a reconnection") << "file" << QByteArray() << "Radio capture to %1";
     QTest::newRow("size cap not a number: no cap")
         << "file" << QByteArray("1O") << "Radio capture: RADIO_CAPTURE_MAX_MB=\"1O\" is not a size in MB, no cap";
+    QTest::newRow("size cap: a ring of four files")
+        << "ring" << QByteArray("0.01") << "Radio capture to %1, rotating at 10485 bytes over 4 files";
     QTest::newRow("folder missing: no capture")
         << "missing" << QByteArray() << "Radio capture to %1 failed: No such file or directory";
     QTest::newRow("FIFO nobody reads: no capture")
@@ -552,7 +539,8 @@ void tst_ProtocolComm::capture_data()
 
 // RADIO_CAPTURE records what the link reads and writes, and never costs the
 // radio a record: a file that cannot be written is logged and skipped, a
-// writer that falls behind drops from the capture and says how much.
+// writer that falls behind drops from the capture and says how much, a
+// capped capture keeps the newest packets in a ring of files.
 void tst_ProtocolComm::capture()
 {
     QFETCH(QString, mode);
@@ -560,22 +548,25 @@ void tst_ProtocolComm::capture()
     QFETCH(QString, log);
 
     QTemporaryDir dir;
-    const QString path = dir.filePath(mode == QLatin1String("missing") ? "none/c.pcapng" : "c.pcapng");
-    const bool fifo = mode == QLatin1String("fifo") || mode == QLatin1String("stalled");
-    if (fifo)
-        QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-    const int fifoEnd = mode == QLatin1String("stalled") ? open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC) : -1;
-    CaptureEnv env(path, capMb);
+    const QString path = dir.filePath(mode == "missing" ? "none/c.pcapng" : "c.pcapng");
+    const QByteArray file = QFile::encodeName(path);
+    if (mode == "fifo" || mode == "stalled")
+        QCOMPARE(mkfifo(file.constData(), 0600), 0);
+    const int fifo = mode == "stalled" ? open(file.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC) : -1;
+    qputenv("RADIO_CAPTURE", file);
+    qputenv("RADIO_CAPTURE_MAX_MB", capMb);
+    const auto unset = qScopeGuard([] { qunsetenv("RADIO_CAPTURE"), qunsetenv("RADIO_CAPTURE_MAX_MB"); });
     m_pTuner = m_controller.get();
     OutputCapture out;
     ProtocolComm* link = startLink(true);
     QVERIFY(link);
     QVERIFY2(out.lines().contains(log.arg(path)), qPrintable(out.lines().join('\n')));
-    const bool capturing = mode == QLatin1String("file") || fifoEnd >= 0;
-    QCOMPARE(link->capture().isRunning(), capturing);
+    const LinkCapture& capture = link->capture();
+    const bool capturing = mode != "missing" && mode != "fifo";
+    QCOMPARE(capture.isRunning(), capturing);
 
-    // Enough records to fill the capture's queue while nobody reads the FIFO.
-    const int count = fifoEnd >= 0 ? LinkCapture::QueueSlots + 2000 : 3;
+    // A stalled writer's queue overflows; a capped file rotates.
+    const int count = fifo >= 0 ? LinkCapture::QueueSlots + 2000 : mode == "ring" ? 100 : 3;
     std::vector<tag_RadioCmdFromMCU> sent;
     QStringList expected;
     for (int i = 0; i < count; ++i) {
@@ -586,87 +577,64 @@ void tst_ProtocolComm::capture()
     QCOMPARE(m_controller->waitFor(count).size(), size_t(count));
     QByteArray bytes;
     std::thread drain;
-    if (fifoEnd >= 0) {
-        // The FIFO is read from now on: what follows is captured after a gap.
-        fcntl(fifoEnd, F_SETFL, 0);
+    if (fifo >= 0) {
+        // Read from now on: what follows is captured after a gap.
+        fcntl(fifo, F_SETFL, 0);
         drain = std::thread([&] {
             char chunk[65536];
-            for (ssize_t n; (n = read(fifoEnd, chunk, sizeof chunk)) > 0;)
+            for (ssize_t n; (n = read(fifo, chunk, sizeof chunk)) > 0;)
                 bytes.append(chunk, int(n));
         });
-        QTRY_COMPARE(link->capture().written() + link->capture().dropped(), uint64_t(count));
+        QTRY_COMPARE(capture.written() + capture.dropped(), uint64_t(count));
     }
     link->Tuner_SeekUp();
     link->Tuner_SetFreq(8750);
     QCOMPARE(sentFrames(link).size(), size_t(2));
-    const RadioCmdToMCU frames[] = {{RC_SEEK_UP, 0}, {RC_SET_FREQ, 8750}, kMarker, {RC_REQUEST_LIST, 0}};
-    for (const RadioCmdToMCU& f : frames)
+    for (const RadioCmdToMCU& f : {RadioCmdToMCU{RC_SEEK_UP, 0}, {RC_SET_FREQ, 8750}, kMarker, {RC_REQUEST_LIST, 0}})
         expected << packet(1, &f, sizeof f);
     const int accepted = m_service->acceptedCount();
     m_service->closeClient();
     QVERIFY(m_service->waitForClient(accepted, 10000) && m_service->waitForFrames(1));
 
-    const uint64_t before = out.lines().size();
+    const int before = out.lines().size();
     link->stopCapture();
-    if (fifoEnd >= 0) {
-        drain.join();
-        close(fifoEnd);
-        QFile copy(dir.filePath("copy.pcapng"));
-        QVERIFY(copy.open(QIODevice::WriteOnly) && copy.write(bytes) == bytes.size());
-    }
     if (!capturing) {
-        QCOMPARE(out.lines().size(), int(before));
+        QCOMPARE(out.lines().size(), before);
         return;
     }
-    const LinkCapture& capture = link->capture();
-    QCOMPARE(out.lines().mid(int(before)),
-             QStringList{QStringLiteral("Radio capture to %1 stopped: %2 packets, %3 dropped")
-                             .arg(path).arg(capture.written()).arg(capture.dropped())});
+    QCOMPARE(out.lines().mid(before), QStringList{QStringLiteral("Radio capture to %1 stopped: %2 packets, %3 dropped")
+                                                      .arg(path).arg(capture.written()).arg(capture.dropped())});
     QCOMPARE(capture.written() + capture.dropped(), uint64_t(expected.size()));
-    const QStringList got = packetsIn(fifoEnd >= 0 ? dir.filePath("copy.pcapng") : path);
-    QCOMPARE(uint64_t(got.size()), capture.written());
-    QFile file(fifoEnd >= 0 ? dir.filePath("copy.pcapng") : path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray all = file.readAll();
-    if (fifoEnd >= 0) {
+    QByteArray all;
+    QStringList got;
+    if (fifo >= 0) {
+        drain.join();
+        close(fifo);
+        QFile copy(dir.filePath("copy"));
+        QVERIFY(copy.open(QIODevice::WriteOnly) && copy.write(bytes) == bytes.size());
+        copy.close();
+        got = packetsIn(copy.fileName());
+        all = bytes;
+    }
+    for (const char* suffix : {".3", ".2", ".1", ""}) {
+        QFile part(path + suffix);
+        if (fifo >= 0 || (mode != "ring" && *suffix))
+            continue;
+        QVERIFY2(part.open(QIODevice::ReadOnly) && (mode != "ring" || part.size() <= 10485), suffix);
+        all += part.readAll();
+        got += packetsIn(part.fileName());
+    }
+    // The ring has lost its oldest files.
+    QVERIFY(mode == "ring" ? got.size() < expected.size() : uint64_t(got.size()) == capture.written());
+    QVERIFY(!QFileInfo::exists(path + ".4"));
+    if (fifo >= 0) {
         QVERIFY(capture.dropped() > 0);
         QVERIFY(all.contains("packets before this one not captured"));
     } else {
-        QCOMPARE(got, expected);
-        QCOMPARE(capture.dropped(), uint64_t(0));
         QVERIFY(all.contains("link connected again"));
+        QCOMPARE(got, expected.mid(expected.size() - got.size()));
+        QCOMPARE(capture.dropped(), uint64_t(0));
     }
-}
-
-// With a size cap the capture rotates through four files, each within the
-// cap, the newest packets in FILE and none lost between the files.
-void tst_ProtocolComm::captureRing()
-{
-    QTemporaryDir dir;
-    const QString path = dir.filePath("ring.pcapng");
-    CaptureEnv env(path, "0.01");
-    m_pTuner = m_controller.get();
-    ProtocolComm* link = startLink(true);
-    QVERIFY(link && link->capture().isRunning());
-    std::vector<tag_RadioCmdFromMCU> sent;
-    for (uint32_t i = 0; i < 100; ++i)
-        sent.push_back(record(MCU_SIGNAL, i));
-    QVERIFY(m_service->write(sent.data(), sent.size() * sizeof sent[0]));
-    QCOMPARE(m_controller->waitFor(100).size(), size_t(100));
-    link->stopCapture();
-
-    QStringList ring;
-    for (const char* suffix : {".3", ".2", ".1", ""}) {
-        const QString file = path + QLatin1String(suffix);
-        QVERIFY2(QFileInfo(file).size() <= 10485, qPrintable(file));
-        const QStringList packets = packetsIn(file);
-        QVERIFY2(!packets.isEmpty() && packets.first() != QLatin1String("error"), qPrintable(file));
-        ring += packets;
-    }
-    QVERIFY(!QFileInfo::exists(path + QLatin1String(".4")));
-    QVERIFY(ring.size() < 100);
-    for (int i = 0; i < ring.size(); ++i)
-        QCOMPARE(ring[i], packet(0, &sent[sent.size() - ring.size() + i], sizeof sent[0]));
 }
 
 QTEST_GUILESS_MAIN(tst_ProtocolComm)

@@ -1,7 +1,8 @@
 // radio-tunersim as an integrator runs it: options and exit codes; on the
 // socket the whole state on connect and on a list request, afterwards only
-// what changed, however the frames are cut; the trace; line-ups, regions
-// and replayed RDS logs.
+// what changed, however the frames are cut; the trace; line-ups, regions,
+// replayed RDS logs and replayed captures of the link.
+#include "PcapngWriter.h"
 #include "RadioCmdToMCU.h"
 #include "SimClient.h"
 #include "TunerSimProcess.h"
@@ -23,6 +24,19 @@ QByteArray frame(uint32_t code, uint32_t param = 0)
     return QByteArray(reinterpret_cast<const char*>(&f), sizeof f);
 }
 
+// Records (direction 0, 584 bytes) and frames (1, 8) of the given sizes, as
+// the link writes them.
+QString writeCapture(const QString& path, const QList<QPair<int, int>>& packets)
+{
+    PcapngWriter writer;
+    writer.open(path.toStdString(), nullptr);
+    const QByteArray bytes(584, '\0');
+    for (const auto& p : packets)
+        writer.writePacket(1700000000000000, PcapngWriter::Direction(p.first), bytes.constData(), size_t(p.second));
+    writer.close(0, 0);
+    return path;
+}
+
 QString uniqueName()
 {
     static int counter = 0;
@@ -42,6 +56,7 @@ private slots:
     void answers();
     void startsAsConfigured_data();
     void startsAsConfigured();
+    void replaysCapture();
 
 private:
     QTemporaryDir m_dir;
@@ -70,6 +85,23 @@ void TestRadioTunerSim::commandLine_data()
     QTest::newRow("missing log") << QStringList{"--rds", "96.7=/nonexistent.spy"} << 1 << "cannot read /nonexistent.spy";
     QTest::newRow("log on AM") << QStringList{"--rds", "999=" RADIO_TUNERSIM_BIN} << 1 << "not an FM frequency";
     QTest::newRow("name taken") << QStringList{"--name", m_name} << 1 << m_name;
+    QTest::newRow("no capture") << QStringList{"--replay", RADIO_TUNERSIM_BIN} << 1 << "not a pcap or pcapng capture";
+    const auto capture = [this](const char* name, const QList<QPair<int, int>>& packets) {
+        return QStringList{"--replay", writeCapture(m_dir.filePath(name), packets)};
+    };
+    QFile cut(capture("cut", {{0, 584}, {1, 8}}).last()), linkType(capture("link", {{0, 584}}).last());
+    QVERIFY(cut.resize(cut.size() - 10) && linkType.open(QIODevice::ReadWrite));
+    QByteArray bytes = linkType.readAll();
+    bytes[qFromUnaligned<quint32>(bytes.constData() + 4) + 8] = 1;  // the interface block follows the header
+    QVERIFY(linkType.seek(0) && linkType.write(bytes) == bytes.size());
+    QTest::newRow("capture cut short") << QStringList{"--replay", cut.fileName()} << 1 << "truncated";
+    QTest::newRow("capture of another link") << QStringList{"--replay", linkType.fileName()} << 1 << "link type 1, not 147";
+    QTest::newRow("capture empty") << QStringList{"--replay", "/dev/null"} << 1 << "empty file";
+    QTest::newRow("record size") << capture("record", {{0, 584}, {0, 583}}) << 1 << "packet 2: a status record of 583 bytes";
+    QTest::newRow("frame size") << capture("frame", {{0, 584}, {1, 584}}) << 1 << "a command frame of 584 bytes";
+    QTest::newRow("direction byte") << capture("direction", {{2, 8}, {0, 584}}) << 1 << "packet 1: direction byte 2";
+    QTest::newRow("frames only") << capture("frames", {{1, 8}}) << 1 << "no status records";
+    QTest::newRow("capture and line-up") << QStringList{"--replay", "x", "--lineup", "y"} << 2 << "--lineup does not go with --replay";
 }
 
 void TestRadioTunerSim::commandLine()
@@ -187,6 +219,45 @@ void TestRadioTunerSim::startsAsConfigured()
             .arg(QString::fromUtf8(reinterpret_cast<const char*>(last[MCU_RADIO_TEXT].radioText)));
     };
     QTRY_COMPARE_WITH_TIMEOUT(shown().left(expected.size()), expected, 20000);
+}
+
+// Records 5 s and 3 s apart, frames between them, played ten times faster:
+// a screen takes one and leaves, the next gets the rest at the capture's
+// pace, then the simulator is done.
+void TestRadioTunerSim::replaysCapture()
+{
+    const QString path = m_dir.filePath("session.pcapng");
+    PcapngWriter writer;
+    QVERIFY(writer.open(path.toStdString(), nullptr));
+    for (const uint64_t at : {0, 5000000, 8000000}) {
+        tag_RadioCmdFromMCU record{};
+        record.freq = 9000 + uint32_t(at / 100000);
+        const RadioCmdToMCU seek{RC_SEEK_UP, 0};
+        QVERIFY(writer.writePacket(at, PcapngWriter::FromService, &record, sizeof record)
+                && writer.writePacket(at, PcapngWriter::ToService, &seek, sizeof seek));
+    }
+    writer.close(0, 0);
+    const QString name = uniqueName();
+    TunerSimProcess sim;
+    QVERIFY(sim.start({"--name", name, "--replay", path, "--replay-speed", "10"}));
+    {
+        SimClient first;
+        QVERIFY(first.connectTo(name));
+        QTRY_COMPARE(first.records.size(), 1);
+        QCOMPARE(first.records.first().freq, 9000u);
+    }
+    SimClient client;
+    QVERIFY(client.connectTo(name) && client.send(RC_SCAN));
+    QTRY_COMPARE(client.records.size(), 1);
+    QElapsedTimer clock;
+    clock.start();
+    QTRY_COMPARE(client.records.size(), 2);
+    // 300 ms at ten times the pace; 3 s if the speed were lost.
+    QVERIFY2(clock.elapsed() >= 200 && clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY(client.records.at(0).freq == 9050u && client.records.at(1).freq == 9080u);
+    QTRY_COMPARE(sim.process.state(), QProcess::NotRunning);
+    QCOMPARE(sim.process.exitCode(), 0);
+    QVERIFY(sim.lines.contains("<- RC_SCAN(9) param=0"));
 }
 
 QTEST_GUILESS_MAIN(TestRadioTunerSim)

@@ -1,5 +1,7 @@
 #include "SimOptions.h"
 
+#include <QCommandLineParser>
+
 #include <cmath>
 
 namespace {
@@ -14,100 +16,133 @@ bool positiveNumber(const QString& text, double* value)
     return true;
 }
 
+struct OptionSet
+{
+    QCommandLineOption name{QStringLiteral("name"),
+                            QStringLiteral("Listen on the abstract UNIX address @<name> (default kestrelhub)."),
+                            QStringLiteral("name")};
+    QCommandLineOption region{QStringLiteral("region"),
+                              QStringLiteral("Region <n> 0-23 of the band table (default 12)."),
+                              QStringLiteral("n")};
+    QCommandLineOption seed{QStringLiteral("seed"),
+                            QStringLiteral("Seed <n> of the built-in line-up (default 1)."),
+                            QStringLiteral("n")};
+    QCommandLineOption lineup{QStringLiteral("lineup"),
+                              QStringLiteral("Stations from CSV: freq,ps,pty,tp,rt,signal (a header line may name "
+                                             "and reorder the columns; 96.7 = MHz, 9670 = FM in 10 kHz, 999 = AM in kHz)."),
+                              QStringLiteral("file.csv")};
+    QCommandLineOption rds{QStringLiteral("rds"),
+                           QStringLiteral("Replay an RDS Spy log (.spy or .rds) on <freq>; repeatable."),
+                           QStringLiteral("freq=file")};
+    QCommandLineOption rdsSpeed{QStringLiteral("rds-speed"),
+                                QStringLiteral("Replay RDS groups <x> times faster (default 1)."),
+                                QStringLiteral("x")};
+    QCommandLineOption timeScale{QStringLiteral("time-scale"),
+                                 QStringLiteral("Run every timer <x> times faster (default 1)."),
+                                 QStringLiteral("x")};
+    QCommandLineOption replay{QStringLiteral("replay"),
+                              QStringLiteral("Instead of a tuner, play the status records of a capture of the link "
+                                             "(pcapng or pcap, link type 147) to the screen that connects, then exit."),
+                              QStringLiteral("file")};
+    QCommandLineOption replaySpeed{QStringLiteral("replay-speed"),
+                                   QStringLiteral("Play the capture <x> times faster (default 1)."),
+                                   QStringLiteral("x")};
+    QCommandLineOption trace{QStringLiteral("trace"),
+                             QStringLiteral("Print each frame received and record sent.")};
+    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")};
+
+    void addTo(QCommandLineParser& parser) const
+    {
+        parser.setApplicationDescription(QStringLiteral(
+            "Simulated tuner service for the radio screen: listens on the abstract UNIX\n"
+            "address @NAME, reads 8-byte command frames, sends 584-byte status records."));
+        parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+        parser.addOptions({name, region, seed, lineup, rds, rdsSpeed, timeScale, replay, replaySpeed, trace, help});
+    }
+};
+
 } // namespace
 
 QString SimOptions::helpText()
 {
-    return QStringLiteral(
-        "Usage: radio-tunersim [options]\n"
-        "Simulated tuner service for the radio screen: listens on the abstract UNIX\n"
-        "address @NAME, reads 8-byte command frames, sends 584-byte status records.\n"
-        "\n"
-        "  --name NAME         abstract socket name (default kestrelhub)\n"
-        "  --region N          region 0-23 of the band table (default 12)\n"
-        "  --seed N            seed of the built-in line-up (default 1)\n"
-        "  --lineup FILE.csv   stations from CSV: freq,ps,pty,tp,rt,signal\n"
-        "                      (a header line may name and reorder the columns;\n"
-        "                      96.7 = MHz, 9670 = FM in 10 kHz, 999 = AM in kHz)\n"
-        "  --rds FREQ=FILE     replay an RDS Spy log (.spy or .rds) on FREQ;\n"
-        "                      repeatable\n"
-        "  --rds-speed X       replay RDS groups X times faster (default 1)\n"
-        "  --time-scale X      run every timer X times faster (default 1)\n"
-        "  --trace             print each frame received and record sent\n"
-        "  --help              this text\n"
+    OptionSet set;
+    QCommandLineParser parser;
+    set.addTo(parser);
+    return parser.helpText() + QStringLiteral(
         "\n"
         "Seek and scan stop on signals of 25 and more (100 in LOC). Auto search\n"
         "stores the six strongest stations of the band sorted by frequency and\n"
         "tunes to preset 1; unused keys get the band's lowest channel. Scan and\n"
-        "preset scan stay 5 s on each station until the next command.\n");
+        "preset scan stay 5 s on each station until the next command.\n"
+        "\n"
+        "A replay sends the capture's records at their recorded spacing from the\n"
+        "moment a screen connects; the screen's frames are traced, not obeyed. A\n"
+        "screen that goes away stops the replay, the next one continues it.\n");
 }
 
 bool SimOptions::parse(const QStringList& arguments)
 {
     m_error.clear();
     m_help = false;
-    for (int i = 1; i < arguments.size(); ++i) {
-        const QString& option = arguments.at(i);
-        if (option == QLatin1String("--help") || option == QLatin1String("-h")) {
-            m_help = true;
-            return true;
-        }
-        if (option == QLatin1String("--trace")) {
-            trace = true;
-            continue;
-        }
-        static const QStringList withValue = {
-            QStringLiteral("--name"), QStringLiteral("--region"), QStringLiteral("--seed"),
-            QStringLiteral("--lineup"), QStringLiteral("--rds"), QStringLiteral("--rds-speed"),
-            QStringLiteral("--time-scale"),
-        };
-        if (!withValue.contains(option)) {
-            m_error = QStringLiteral("unknown option %1").arg(option);
-            return false;
-        }
-        if (i + 1 >= arguments.size()) {
-            m_error = QStringLiteral("%1 needs a value").arg(option);
-            return false;
-        }
-        const QString value = arguments.at(++i);
-        bool ok = false;
-        if (option == QLatin1String("--name")) {
-            // sun_path holds 108 bytes, one of them the leading NUL.
-            if (value.isEmpty() || value.toUtf8().size() > 107) {
-                m_error = QStringLiteral("--name must be 1-107 bytes");
-                return false;
-            }
-            name = value;
-        } else if (option == QLatin1String("--region")) {
-            region = value.toInt(&ok);
-            if (!ok || region < 0 || region > 23) {
-                m_error = QStringLiteral("--region must be 0-23, not %1").arg(value);
-                return false;
-            }
-        } else if (option == QLatin1String("--seed")) {
-            seed = value.toUInt(&ok);
-            if (!ok) {
-                m_error = QStringLiteral("--seed must be an unsigned number, not %1").arg(value);
-                return false;
-            }
-        } else if (option == QLatin1String("--lineup")) {
-            lineupFile = value;
-        } else if (option == QLatin1String("--rds")) {
-            const int eq = value.indexOf(QLatin1Char('='));
-            if (eq <= 0 || eq == value.size() - 1) {
-                m_error = QStringLiteral("--rds needs FREQ=FILE, not %1").arg(value);
-                return false;
-            }
-            rdsLogs.append(qMakePair(value.left(eq), value.mid(eq + 1)));
-        } else if (option == QLatin1String("--rds-speed")) {
-            if (!positiveNumber(value, &rdsSpeed)) {
-                m_error = QStringLiteral("--rds-speed must be a positive number, not %1").arg(value);
-                return false;
-            }
-        } else if (!positiveNumber(value, &timeScale)) {
-            m_error = QStringLiteral("--time-scale must be a positive number, not %1").arg(value);
-            return false;
-        }
+    OptionSet set;
+    QCommandLineParser parser;
+    set.addTo(parser);
+    const auto fail = [this](const QString& error) {
+        m_error = error;
+        return false;
+    };
+    if (!parser.parse(arguments)) {
+        const QStringList unknown = parser.unknownOptionNames();
+        return fail(unknown.isEmpty() ? parser.errorText() : QStringLiteral("unknown option --%1").arg(unknown.first()));
+    }
+    if (!parser.positionalArguments().isEmpty())
+        return fail(QStringLiteral("unexpected argument %1").arg(parser.positionalArguments().first()));
+    m_help = parser.isSet(set.help);
+    if (m_help)
+        return true;
+    trace = parser.isSet(set.trace);
+
+    bool ok = false;
+    if (parser.isSet(set.name)) {
+        name = parser.value(set.name);
+        // sun_path holds 108 bytes, one of them the leading NUL.
+        if (name.isEmpty() || name.toUtf8().size() > 107)
+            return fail(QStringLiteral("--name must be 1-107 bytes"));
+    }
+    if (parser.isSet(set.region)) {
+        region = parser.value(set.region).toInt(&ok);
+        if (!ok || region < 0 || region > 23)
+            return fail(QStringLiteral("--region must be 0-23, not %1").arg(parser.value(set.region)));
+    }
+    if (parser.isSet(set.seed)) {
+        seed = parser.value(set.seed).toUInt(&ok);
+        if (!ok)
+            return fail(QStringLiteral("--seed must be an unsigned number, not %1").arg(parser.value(set.seed)));
+    }
+    lineupFile = parser.value(set.lineup);
+    for (const QString& value : parser.values(set.rds)) {
+        const int eq = value.indexOf(QLatin1Char('='));
+        if (eq <= 0 || eq == value.size() - 1)
+            return fail(QStringLiteral("--rds needs FREQ=FILE, not %1").arg(value));
+        rdsLogs.append(qMakePair(value.left(eq), value.mid(eq + 1)));
+    }
+    const QList<QPair<const QCommandLineOption*, double*>> numbers = {
+        {&set.rdsSpeed, &rdsSpeed}, {&set.timeScale, &timeScale}, {&set.replaySpeed, &replaySpeed}};
+    for (const auto& number : numbers) {
+        if (parser.isSet(*number.first) && !positiveNumber(parser.value(*number.first), number.second))
+            return fail(QStringLiteral("--%1 must be a positive number, not %2")
+                            .arg(number.first->names().first(), parser.value(*number.first)));
+    }
+
+    if (!parser.isSet(set.replay))
+        return true;
+    replayFile = parser.value(set.replay);
+    if (replayFile.isEmpty())
+        return fail(QStringLiteral("--replay needs a file"));
+    // The capture decides what the tuner says: the tuner's own options would be silently void.
+    for (const QCommandLineOption* tuner : {&set.region, &set.seed, &set.lineup, &set.rds, &set.rdsSpeed, &set.timeScale}) {
+        if (parser.isSet(*tuner))
+            return fail(QStringLiteral("--%1 does not go with --replay").arg(tuner->names().first()));
     }
     return true;
 }

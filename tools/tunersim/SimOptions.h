@@ -28,6 +28,9 @@ public:
     QVector<QPair<QString, QString>> rdsLogs;
     double rdsSpeed = 1.0;
     double timeScale = 1.0;
+    // A capture of the link to play instead of running the tuner.
+    QString replayFile;
+    double replaySpeed = 1.0;
     bool trace = false;
 
 private:

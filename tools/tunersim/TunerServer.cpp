@@ -16,6 +16,8 @@ TunerServer::TunerServer(TunerEngine* engine, QObject* parent)
     : QObject(parent)
     , m_engine(engine)
 {
+    if (!m_engine)
+        return;
     connect(m_engine, &TunerEngine::stateChanged, this, &TunerServer::sendChanges);
     connect(m_engine, &TunerEngine::stateRequested, this, &TunerServer::sendWholeState);
     connect(m_engine, &TunerEngine::note, this, [this](const QString& text) { log(QStringLiteral("!! ") + text); });
@@ -85,7 +87,8 @@ void TunerServer::acceptPending()
         connect(m_writeNotifier, &QSocketNotifier::activated, this, &TunerServer::flushOutput);
         log(QStringLiteral("screen connected"));
         emit clientConnected();
-        sendWholeState();
+        if (m_engine)
+            sendWholeState();
     }
 }
 
@@ -99,7 +102,8 @@ void TunerServer::readClient()
             for (const RadioCmdToMCU& frame : m_frames.feed(buffer, int(n))) {
                 if (m_trace)
                     m_trace(ProtocolTrace::frameLine(frame));
-                m_engine->handleCommand(frame.code, frame.param);
+                if (m_engine)
+                    m_engine->handleCommand(frame.code, frame.param);
                 if (m_client < 0)
                     return;
             }
@@ -138,10 +142,11 @@ void TunerServer::dropClient(const QString& why)
     m_writeNotifier = nullptr;
     ::close(m_client);
     m_client = -1;
+    const int unsent = m_output.size();
     m_frames.reset();
     m_output.clear();
     m_sent.clear();
-    emit clientDisconnected();
+    emit clientDisconnected(unsent);
 }
 
 void TunerServer::sendWholeState()
@@ -214,4 +219,6 @@ void TunerServer::flushOutput()
     }
     if (m_writeNotifier)
         m_writeNotifier->setEnabled(false);
+    if (m_client >= 0)
+        emit outputDrained();
 }

@@ -18,6 +18,8 @@ class TunerEngine;
 // serves one screen at a time (a new connection replaces the old one),
 // feeds its command frames to the engine, and sends the whole state on
 // connect and on request, afterwards only the records that changed.
+// Without an engine (a replay) frames are only traced and nothing goes out
+// but what send() is given.
 class TunerServer : public QObject
 {
     Q_OBJECT
@@ -34,6 +36,8 @@ public:
     bool hasClient() const { return m_client >= 0; }
     // Bytes of a frame the screen has only partly written so far.
     int pendingFrameBytes() const { return m_frames.pendingBytes(); }
+    // Queues the record for the screen and writes what the socket takes.
+    void send(const tag_RadioCmdFromMCU& record);
 
     // Receives one line per frame received and record sent.
     void setTraceSink(std::function<void(const QString&)> sink) { m_trace = std::move(sink); }
@@ -42,7 +46,11 @@ public:
 
 signals:
     void clientConnected();
-    void clientDisconnected();
+    // unsentBytes: the tail of the queued records that never reached the
+    // socket and is dropped with the screen.
+    void clientDisconnected(int unsentBytes);
+    // Everything queued so far is in the socket.
+    void outputDrained();
 
 private:
     void acceptPending();
@@ -51,7 +59,6 @@ private:
     void dropClient(const QString& why);
     void sendWholeState();
     void sendChanges();
-    void send(const tag_RadioCmdFromMCU& record);
     void log(const QString& line);
 
     TunerEngine* m_engine;

@@ -1,3 +1,5 @@
+#include "CaptureFile.h"
+#include "CaptureReplay.h"
 #include "ProtocolTrace.h"
 #include "RdsLog.h"
 #include "SimOptions.h"
@@ -8,6 +10,7 @@
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <functional>
 
 namespace {
 
@@ -16,6 +19,37 @@ void printLine(FILE* stream, const QString& line)
     std::fputs(line.toUtf8().constData(), stream);
     std::fputc('\n', stream);
     std::fflush(stream);
+}
+
+// Plays the capture instead of running the tuner; exits 0 once it is out.
+int replay(QCoreApplication& app, const SimOptions& options, const std::function<void(const QString&)>& report)
+{
+    CaptureFile capture;
+    QString error;
+    if (!capture.load(options.replayFile, &error)) {
+        printLine(stderr, QStringLiteral("radio-tunersim: %1").arg(error));
+        return 1;
+    }
+    TunerServer server(nullptr);
+    server.setLogSink(report);
+    if (options.trace)
+        server.setTraceSink([](const QString& line) { printLine(stdout, line); });
+    CaptureReplay player(&server, capture.records(), options.replaySpeed);
+    QObject::connect(&player, &CaptureReplay::finished, &app, [&] {
+        report(QStringLiteral("capture played: %1 records").arg(player.played()));
+        app.exit(0);
+    });
+    if (!server.listen(options.name, &error)) {
+        printLine(stderr, QStringLiteral("radio-tunersim: %1").arg(error));
+        return 1;
+    }
+    report(QStringLiteral("%1: %2 status records over %3 s, %4 command frames left out; speed %5")
+               .arg(options.replayFile).arg(capture.records().size())
+               .arg(capture.records().last().timeUs / 1e6, 0, 'f', 3).arg(capture.frames()).arg(options.replaySpeed));
+    if (capture.reordered() > 0)
+        report(QStringLiteral("%1 records are stamped before the record ahead of them: sent without a pause")
+                   .arg(capture.reordered()));
+    return app.exec();
 }
 
 } // namespace
@@ -42,6 +76,8 @@ int main(int argc, char* argv[])
         else
             printLine(stderr, line);
     };
+    if (!options.replayFile.isEmpty())
+        return replay(app, options, report);
 
     StationList stations(options.region);
     if (options.lineupFile.isEmpty()) {
