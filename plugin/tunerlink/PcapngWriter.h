@@ -51,7 +51,7 @@ private:
 
     FILE* m_file = nullptr;
     // Reused for every packet block.
-    std::string m_body;
+    std::string m_block;
     uint64_t m_size = 0;
     uint64_t m_startUs = 0;
     bool m_started = false;
