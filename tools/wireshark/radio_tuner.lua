@@ -470,10 +470,16 @@ local function rds_flags(p, tree)
     return table.concat(parts, " ")
 end
 
-local function station_pic(p, tree)
-    local _, v = p:add(tree, F.station_pic, 232, 4)
-    return v and tostring(v) or ""
+-- A kind that carries one number.
+local function number_of(field, off, len)
+    return function(p, tree)
+        local _, v = p:add(tree, field, off, len)
+        return v and tostring(v) or ""
+    end
 end
+
+local station_pic = number_of(F.station_pic, 232, 4)
+local signal = number_of(F.signal, 16, 1)
 
 local function favourites(p, tree)
     -- Six 16-bit frequencies as the tuner service fills the 12 bytes, 0 for
@@ -494,10 +500,6 @@ local function favourites(p, tree)
     return #parts > 0 and table.concat(parts, " ") or "none"
 end
 
-local function signal(p, tree)
-    local _, v = p:add(tree, F.signal, 16, 1)
-    return v and tostring(v) or ""
-end
 
 local function aux_words(p, tree)
     local item = p:add(tree, F.aux_words, 236, 60)
