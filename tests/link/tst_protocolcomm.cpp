@@ -596,6 +596,8 @@ void tst_ProtocolComm::capture()
     m_service->closeClient();
     QVERIFY(m_service->waitForClient(accepted, 10000) && m_service->waitForFrames(1));
 
+    if (mode == "file")  // on disk within a second, without a stop
+        QTRY_COMPARE_WITH_TIMEOUT(packetsIn(path).size(), expected.size(), 2000);
     const int before = out.lines().size();
     link->stopCapture();
     if (!capturing) {
