@@ -4,6 +4,7 @@
 #include "RadioCmdFromMCU.h"
 
 #include <cerrno>
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstring>
@@ -16,6 +17,8 @@ struct LinkCapture::Slot {
     PcapngWriter::Direction dir;
     bool reconnect;
     unsigned char bytes[sizeof(tag_RadioCmdFromMCU)];
+    // Filled by the writer.
+    char comment[96];
 };
 
 LinkCapture::LinkCapture() = default;
@@ -127,16 +130,12 @@ std::string LinkCapture::fileError() const
 }
 
 // The writer thread. It takes what is queued in one go and, when the
-// queue runs dry, naps briefly before it flushes and sleeps: a steady
-// stream is written in batches with few wake-ups, a pause is on disk a
-// nap later, and a long stream is flushed every second.
+// queue runs dry, naps briefly before it sleeps: a steady stream is
+// written in batches with few wake-ups. Nothing stays buffered in the
+// process: a batch is in the file when it has been written.
 void LinkCapture::run()
 {
-    using Clock = std::chrono::steady_clock;
-    const auto flushEvery = std::chrono::seconds(1);
     const auto nap = std::chrono::milliseconds(10);
-    Clock::time_point lastFlush = Clock::now();
-    bool dirty = false;
     bool napped = false;
     const auto ready = [this] { return m_count > 0 || m_stopping; };
 
@@ -145,81 +144,76 @@ void LinkCapture::run()
         if (m_count == 0) {
             if (m_stopping)
                 break;
-            if (!napped) {
-                m_writerState = Napping;
-                m_wake.wait_for(lock, nap, ready);
-                napped = true;
-            } else {
-                if (dirty) {
-                    lock.unlock();
-                    m_writer.flush();
-                    lock.lock();
-                    dirty = false;
-                }
-                m_writerState = Sleeping;
+            m_writerState = napped ? Sleeping : Napping;
+            if (napped)
                 m_wake.wait(lock, ready);
-                napped = false;
-            }
+            else
+                m_wake.wait_for(lock, nap, ready);
+            napped = !napped;
             m_writerState = Busy;
             continue;
         }
         napped = false;
         const int first = m_head;
-        const int count = m_count;
+        // Up to the end of the ring; what wrapped around comes next pass.
+        const int count = std::min(m_count, QueueSlots - first);
         lock.unlock();
-        if (!dirty)
-            lastFlush = Clock::now();
-        for (int i = 0; i < count; ++i)
-            writeSlot(m_slots[(first + i) % QueueSlots]);
-        dirty = true;
-        if (Clock::now() - lastFlush >= flushEvery) {
-            m_writer.flush();
-            dirty = false;
-        }
+        writeBatch(&m_slots[first], count);
         lock.lock();
         m_head = (first + count) % QueueSlots;
         m_count -= count;
     }
 }
 
-void LinkCapture::writeSlot(Slot& slot)
+// The slots' packets go out as one write, split where the file rotates.
+// What cannot be written (the file failed) counts as dropped.
+void LinkCapture::writeBatch(Slot* slots, int count)
 {
-    if (!m_writer.isOpen()) {
-        std::lock_guard<std::mutex> guard(m_lock);
-        ++m_dropped;
-        return;
+    int taken = 0;
+    for (; taken < count && m_writer.isOpen(); ++taken) {
+        Slot& slot = slots[taken];
+        slot.comment[0] = '\0';
+        const auto drops = static_cast<unsigned long long>(slot.dropsBefore);
+        if (slot.reconnect && drops > 0)
+            std::snprintf(slot.comment, sizeof slot.comment, "link connected again; %llu packets before this one not captured", drops);
+        else if (slot.reconnect)
+            std::snprintf(slot.comment, sizeof slot.comment, "link connected again");
+        else if (drops > 0)
+            std::snprintf(slot.comment, sizeof slot.comment, "%llu packets before this one not captured", drops);
+        const PcapngWriter::Packet packet{slot.timeUs, slot.dir, slot.bytes, slot.len, slot.dropsBefore, slot.comment};
+        const uint64_t bytes = PcapngWriter::blockSize(packet);
+        if (m_maxBytes > 0 && m_filePackets + m_batch.size() > 0 && m_writer.size() + m_batchBytes + bytes > m_maxBytes
+            && !(writePending() && rotate()))
+            break;
+        m_fileDropped += slot.dropsBefore;
+        m_batch.push_back(packet);
+        m_batchBytes += bytes;
     }
-    // The block's fixed part, the packet, and room for its options.
-    const uint64_t blockBytes = 128 + slot.len;
-    if (m_maxBytes > 0 && m_filePackets > 0 && m_writer.size() + blockBytes > m_maxBytes && !rotate()) {
+    writePending();
+    if (taken < count) {
         std::lock_guard<std::mutex> guard(m_lock);
-        ++m_dropped;
-        return;
+        m_dropped += static_cast<uint64_t>(count - taken);
     }
+}
 
-    char comment[160];
-    comment[0] = '\0';
-    if (slot.reconnect && slot.dropsBefore > 0)
-        std::snprintf(comment, sizeof comment, "link connected again; %llu packets before this one not captured",
-                      static_cast<unsigned long long>(slot.dropsBefore));
-    else if (slot.reconnect)
-        std::snprintf(comment, sizeof comment, "link connected again");
-    else if (slot.dropsBefore > 0)
-        std::snprintf(comment, sizeof comment, "%llu packets before this one not captured",
-                      static_cast<unsigned long long>(slot.dropsBefore));
-
-    m_fileDropped += slot.dropsBefore;
-    if (m_writer.writePacket(slot.timeUs, slot.dir, slot.bytes, slot.len, slot.dropsBefore, comment)) {
-        ++m_written;
-        ++m_filePackets;
-        return;
+bool LinkCapture::writePending()
+{
+    const size_t count = m_batch.size();
+    const bool written = count == 0 || m_writer.writePackets(m_batch.data(), count);
+    m_batch.clear();
+    m_batchBytes = 0;
+    if (written) {
+        m_written += count;
+        m_filePackets += count;
+        return true;
     }
     const std::string error = std::strerror(errno);
     linkLog("Radio capture write to %s failed: %s\n", m_path.c_str(), error.c_str());
     m_writer.close(nowUs(), m_fileDropped);
     std::lock_guard<std::mutex> guard(m_lock);
     m_fileError = error;
-    ++m_dropped;
+    m_dropped += count;
+    return false;
 }
 
 // FILE.(n-2) becomes FILE.(n-1) ... FILE becomes FILE.1, and FILE starts

@@ -1,6 +1,8 @@
 #include "PcapngWriter.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
@@ -70,38 +72,45 @@ void endOptions(std::string& out)
     put<uint16_t>(out, 0);
 }
 
+// Room for a block's head (its fixed fields and the direction byte) and
+// its tail (padding, options, trailing length) in the scratch buffer.
+const size_t kHeadBytes = 32;
+const size_t kTailBytes = 224;
+const size_t kMaxComment = 160;
+
+size_t padded(size_t n)
+{
+    return (n + 3) & ~size_t(3);
+}
+
+size_t commentLength(const char* comment)
+{
+    return comment ? strnlen(comment, kMaxComment) : 0;
+}
+
 } // namespace
 
 PcapngWriter::~PcapngWriter()
 {
-    if (m_file)
-        std::fclose(m_file);
+    if (m_fd >= 0)
+        ::close(m_fd);
 }
 
 bool PcapngWriter::open(const std::string& path, std::string* error)
 {
-    if (m_file)
-        std::fclose(m_file);
-    m_file = nullptr;
+    if (m_fd >= 0)
+        ::close(m_fd);
     m_size = 0;
     m_started = false;
-    m_failed = false;
     // Opened without blocking: a FIFO nobody reads fails at once instead of
     // holding the caller. Writes block again, on the capture's own thread.
-    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0644);
-    if (fd >= 0) {
-        fcntl(fd, F_SETFL, fcntl(fd, F_GETFL) & ~O_NONBLOCK);
-        m_file = fdopen(fd, "wb");
-        if (!m_file)
-            ::close(fd);
-    }
-    if (!m_file) {
+    m_fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0644);
+    if (m_fd < 0) {
         if (error)
             *error = std::strerror(errno);
         return false;
     }
-    // Records come in bursts; a larger buffer keeps a burst in few writes.
-    std::setvbuf(m_file, nullptr, _IOFBF, 256 * 1024);
+    fcntl(m_fd, F_SETFL, fcntl(m_fd, F_GETFL) & ~O_NONBLOCK);
 
     std::string shb;
     put<uint32_t>(shb, kByteOrderMagic);
@@ -123,73 +132,91 @@ bool PcapngWriter::open(const std::string& path, std::string* error)
     if (!writeBlock(kSectionHeader, shb) || !writeBlock(kInterfaceDescription, idb)) {
         if (error)
             *error = std::strerror(errno);
-        std::fclose(m_file);
-        m_file = nullptr;
+        ::close(m_fd);
+        m_fd = -1;
         return false;
     }
     return true;
 }
 
-// Built in one piece and handed to the buffered file in one call: the
-// capture writes a block per record, so this is the writer's hot path.
-bool PcapngWriter::writePacket(uint64_t timeUs, Direction dir, const void* data, size_t len,
-                               uint64_t dropsBefore, const char* comment)
+size_t PcapngWriter::blockSize(const Packet& packet)
 {
-    if (!m_file)
+    const size_t comment = commentLength(packet.comment);
+    return 28 + padded(packet.len + 1) + 8 + (packet.dropsBefore > 0 ? 12 : 0) + (comment > 0 ? 4 + padded(comment) : 0)
+        + 4 + 4;
+}
+
+bool PcapngWriter::writePacket(uint64_t timeUs, Direction dir, const void* data, size_t len, uint64_t dropsBefore,
+                               const char* comment)
+{
+    const Packet packet{timeUs, dir, data, len, dropsBefore, comment};
+    return writePackets(&packet, 1);
+}
+
+// The capture writes a block per record: the heads and tails are built in
+// a scratch buffer and the payloads go to the kernel from where they are,
+// copied once, in as few calls as writev allows.
+bool PcapngWriter::writePackets(const Packet* packets, size_t count)
+{
+    if (m_fd < 0)
         return false;
-    if (!m_started) {
-        m_startUs = timeUs;
+    if (count > 0 && !m_started) {
+        m_startUs = packets[0].timeUs;
         m_started = true;
     }
-    const auto padded = [](size_t n) { return (n + 3) & ~size_t(3); };
-    const uint32_t captured = static_cast<uint32_t>(len + 1);
-    const size_t commentLen = comment ? std::strlen(comment) : 0;
-    const size_t total = 28 + padded(captured) + 8 + (dropsBefore > 0 ? 12 : 0)
-        + (commentLen > 0 ? 4 + padded(commentLen) : 0) + 4 + 4;
-    m_block.assign(total, '\0');
-    char* p = &m_block[0];
-    const auto put32 = [&p](uint32_t v) { std::memcpy(p, &v, 4), p += 4; };
-    const auto putOptionHead = [&p](uint16_t code, uint16_t length) {
-        std::memcpy(p, &code, 2), std::memcpy(p + 2, &length, 2), p += 4;
-    };
-    put32(kEnhancedPacket);
-    put32(static_cast<uint32_t>(total));
-    put32(0);  // interface
-    put32(static_cast<uint32_t>(timeUs >> 32));
-    put32(static_cast<uint32_t>(timeUs));
-    put32(captured);
-    put32(captured);
-    *p = static_cast<char>(dir);
-    std::memcpy(p + 1, data, len);
-    p += padded(captured);
-    putOptionHead(kEpbFlags, 4);
-    put32(dir == FromService ? kInbound : kOutbound);
-    if (dropsBefore > 0) {
-        putOptionHead(kEpbDropCount, 8);
-        std::memcpy(p, &dropsBefore, 8), p += 8;
-    }
-    if (commentLen > 0) {
-        putOptionHead(kOptComment, static_cast<uint16_t>(commentLen));
-        std::memcpy(p, comment, commentLen), p += padded(commentLen);
-    }
-    putOptionHead(kOptEnd, 0);
-    put32(static_cast<uint32_t>(total));
-    if (fwrite_unlocked(m_block.data(), 1, total, m_file) != total) {
-        m_failed = true;
-        return false;
-    }
-    m_size += total;
-    return true;
-}
+    if (m_scratch.size() < count * (kHeadBytes + kTailBytes))
+        m_scratch.resize(count * (kHeadBytes + kTailBytes));
+    m_iov.clear();
+    size_t bytes = 0;
+    for (size_t i = 0; i < count; ++i) {
+        const Packet& packet = packets[i];
+        const uint32_t captured = static_cast<uint32_t>(packet.len + 1);
+        const uint32_t total = static_cast<uint32_t>(blockSize(packet));
+        char* const head = &m_scratch[i * (kHeadBytes + kTailBytes)];
+        char* p = head;
+        const auto put32 = [&p](uint32_t v) { std::memcpy(p, &v, 4), p += 4; };
+        const auto putOptionHead = [&p](uint16_t code, size_t length) {
+            const uint16_t fields[2] = {code, static_cast<uint16_t>(length)};
+            std::memcpy(p, fields, 4), p += 4;
+        };
+        put32(kEnhancedPacket);
+        put32(total);
+        put32(0);  // interface
+        put32(static_cast<uint32_t>(packet.timeUs >> 32));
+        put32(static_cast<uint32_t>(packet.timeUs));
+        put32(captured);
+        put32(captured);
+        *p = static_cast<char>(packet.dir);
+        m_iov.push_back({head, 29});
+        m_iov.push_back({const_cast<void*>(packet.data), packet.len});
 
-bool PcapngWriter::flush()
-{
-    return m_file && std::fflush(m_file) == 0 && !m_failed;
+        char* const tail = head + kHeadBytes;
+        std::memset(tail, 0, 4);  // the payload's padding
+        p = tail + (padded(captured) - captured);
+        putOptionHead(kEpbFlags, 4);
+        put32(packet.dir == FromService ? kInbound : kOutbound);
+        if (packet.dropsBefore > 0) {
+            putOptionHead(kEpbDropCount, 8);
+            std::memcpy(p, &packet.dropsBefore, 8), p += 8;
+        }
+        if (const size_t comment = commentLength(packet.comment)) {
+            putOptionHead(kOptComment, comment);
+            std::memcpy(p, packet.comment, comment), p += padded(comment);
+        }
+        putOptionHead(kOptEnd, 0);
+        put32(total);
+        m_iov.push_back({tail, size_t(p - tail)});
+        bytes += total;
+    }
+    if (!writeAll(m_iov.data(), m_iov.size()))
+        return false;
+    m_size += bytes;
+    return true;
 }
 
 void PcapngWriter::close(uint64_t timeUs, uint64_t dropped)
 {
-    if (!m_file)
+    if (m_fd < 0)
         return;
     std::string isb;
     put<uint32_t>(isb, 0);  // interface
@@ -203,21 +230,39 @@ void PcapngWriter::close(uint64_t timeUs, uint64_t dropped)
     putOption(isb, kIsbIfDrop, &dropped, sizeof dropped);
     endOptions(isb);
     writeBlock(kInterfaceStatistics, isb);
-    std::fclose(m_file);
-    m_file = nullptr;
+    ::close(m_fd);
+    m_fd = -1;
 }
 
 // A block is its type and total length, the body, and the length again.
 bool PcapngWriter::writeBlock(uint32_t type, const std::string& body)
 {
-    const uint32_t total = static_cast<uint32_t>(body.size() + 12);
-    const uint32_t head[2] = {type, total};
-    if (fwrite_unlocked(head, sizeof head, 1, m_file) != 1
-        || fwrite_unlocked(body.data(), 1, body.size(), m_file) != body.size()
-        || fwrite_unlocked(&total, sizeof total, 1, m_file) != 1) {
-        m_failed = true;
+    uint32_t head[2] = {type, static_cast<uint32_t>(body.size() + 12)};
+    iovec parts[3] = {{head, sizeof head}, {const_cast<char*>(body.data()), body.size()}, {&head[1], 4}};
+    if (!writeAll(parts, 3))
         return false;
+    m_size += head[1];
+    return true;
+}
+
+// Goes on after a partial write, as a pipe or a full disk may make one.
+bool PcapngWriter::writeAll(iovec* iov, size_t count)
+{
+    while (count > 0) {
+        const ssize_t n = ::writev(m_fd, iov, static_cast<int>(std::min<size_t>(count, IOV_MAX)));
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            return false;
+        size_t done = static_cast<size_t>(n);
+        while (count > 0 && done >= iov->iov_len) {
+            done -= iov->iov_len;
+            ++iov, --count;
+        }
+        if (count > 0) {
+            iov->iov_base = static_cast<char*>(iov->iov_base) + done;
+            iov->iov_len -= done;
+        }
     }
-    m_size += total;
     return true;
 }

@@ -3,8 +3,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <string>
+#include <sys/uio.h>
+#include <vector>
 
 // Writes the tuner link's traffic as a pcapng file that Wireshark, tshark
 // and libpcap read: one section, one interface of link type USER0, and one
@@ -32,13 +33,25 @@ public:
     // Creates (truncates) the file and writes the section header and the
     // interface description. False with *error set when it cannot.
     bool open(const std::string& path, std::string* error);
-    bool isOpen() const { return m_file != nullptr; }
+    bool isOpen() const { return m_fd >= 0; }
 
     // One enhanced packet block. dropsBefore counts the packets lost just
-    // before this one (the block's drop counter); comment may be null.
+    // before this one (the block's drop counter); comment may be null and
+    // is cut at 160 bytes.
+    struct Packet {
+        uint64_t timeUs;
+        Direction dir;
+        const void* data;
+        size_t len;
+        uint64_t dropsBefore;
+        const char* comment;
+    };
+    // Bytes the packet's block takes in the file.
+    static size_t blockSize(const Packet& packet);
+    // Nothing is buffered: what returns true is in the file.
+    bool writePackets(const Packet* packets, size_t count);
     bool writePacket(uint64_t timeUs, Direction dir, const void* data, size_t len,
                      uint64_t dropsBefore = 0, const char* comment = nullptr);
-    bool flush();
     // Writes the interface statistics (the packets dropped while this file
     // was written) and closes the file.
     void close(uint64_t timeUs, uint64_t dropped);
@@ -48,14 +61,15 @@ public:
 
 private:
     bool writeBlock(uint32_t type, const std::string& body);
+    bool writeAll(iovec* iov, size_t count);
 
-    FILE* m_file = nullptr;
-    // Reused for every packet block.
-    std::string m_block;
+    int m_fd = -1;
+    // The blocks' heads and tails, reused from call to call.
+    std::string m_scratch;
+    std::vector<iovec> m_iov;
     uint64_t m_size = 0;
     uint64_t m_startUs = 0;
     bool m_started = false;
-    bool m_failed = false;
 };
 
 #endif
