@@ -1,5 +1,6 @@
 #include "HvRollingText.h"
 
+#include <QBasicTimer>
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QImage>
@@ -39,7 +40,13 @@ struct HvRollingText::Private
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
     int speed = 50;
 
-    int textWidth = 0;
+    // The text's width, measured when first asked for after a change: a
+    // text replaced again before that is never laid out.
+    mutable int textWidth = 0;
+    mutable bool measured = true;
+    // Zero-interval: starts or stops the frames once the changes made
+    // before the next paint are in.
+    QBasicTimer settle;
     // Where a standing text is drawn, once a partial repaint asks; a repaint
     // that misses it (a scrolling neighbour's frame grazing the edge) draws
     // nothing.
@@ -123,7 +130,16 @@ void HvRollingText::setSpeed(int pixelsPerSecond)
 
 bool HvRollingText::isRolling() const
 {
-    return d->textWidth > width();
+    return measuredWidth() > width();
+}
+
+int HvRollingText::measuredWidth() const
+{
+    if (!d->measured) {
+        d->textWidth = d->text.isEmpty() ? 0 : QFontMetrics(textFont()).horizontalAdvance(d->text);
+        d->measured = true;
+    }
+    return d->textWidth;
 }
 
 int HvRollingText::scrollOffset() const
@@ -151,13 +167,24 @@ int HvRollingText::gap() const
 
 void HvRollingText::relayout()
 {
-    d->textWidth = QFontMetrics(textFont()).horizontalAdvance(d->text);
+    d->measured = false;
     d->textRect = QRect();
     d->strip = QImage();
+    update();
+    // A scrolling text is measured at once, so its frames stop as soon as
+    // it fits; otherwise the frames wait for the end of this pass.
+    if (d->timerId != 0)
+        settle();
+    else if (isVisible() && !d->settle.isActive())
+        d->settle.start(0, this);
+}
+
+void HvRollingText::settle()
+{
+    d->settle.stop();
     if (!isRolling())
         d->offset = 0;
     updateTimer();
-    update();
 }
 
 void HvRollingText::updateTimer()
@@ -174,12 +201,16 @@ void HvRollingText::updateTimer()
 
 void HvRollingText::timerEvent(QTimerEvent* e)
 {
+    if (e->timerId() == d->settle.timerId()) {
+        settle();
+        return;
+    }
     if (e->timerId() != d->timerId) {
         QWidget::timerEvent(e);
         return;
     }
     const qreal dt = d->clock.restart() / 1000.0;
-    const qreal period = d->textWidth + gap();
+    const qreal period = measuredWidth() + gap();
     d->offset = std::fmod(d->offset + d->speed * dt, period);
     update();
 }
@@ -193,7 +224,7 @@ void HvRollingText::resizeEvent(QResizeEvent* e)
 void HvRollingText::showEvent(QShowEvent* e)
 {
     QWidget::showEvent(e);
-    updateTimer();
+    settle();
 }
 
 void HvRollingText::hideEvent(QHideEvent* e)
