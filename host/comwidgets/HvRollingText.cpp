@@ -1,6 +1,5 @@
 #include "HvRollingText.h"
 
-#include <QBasicTimer>
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QImage>
@@ -40,13 +39,10 @@ struct HvRollingText::Private
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
     int speed = 50;
 
-    // The text's width, measured when first asked for after a change: a
-    // text replaced again before that is never laid out.
+    // The text's width; measured at once while shown, otherwise when first
+    // asked for.
     mutable int textWidth = 0;
     mutable bool measured = true;
-    // Zero-interval: starts or stops the frames once the changes made
-    // before the next paint are in.
-    QBasicTimer settle;
     // Where a standing text is drawn, once a partial repaint asks; a repaint
     // that misses it (a scrolling neighbour's frame grazing the edge) draws
     // nothing.
@@ -167,21 +163,18 @@ int HvRollingText::gap() const
 
 void HvRollingText::relayout()
 {
-    d->measured = false;
     d->textRect = QRect();
     d->strip = QImage();
     update();
-    // A scrolling text is measured at once, so its frames stop as soon as
-    // it fits; otherwise the frames wait for the end of this pass.
-    if (d->timerId != 0)
+    // A hidden text is measured when it is shown or asked about, so texts
+    // replaced while hidden are never laid out.
+    d->measured = false;
+    if (isVisible())
         settle();
-    else if (isVisible() && !d->settle.isActive())
-        d->settle.start(0, this);
 }
 
 void HvRollingText::settle()
 {
-    d->settle.stop();
     if (!isRolling())
         d->offset = 0;
     updateTimer();
@@ -201,10 +194,6 @@ void HvRollingText::updateTimer()
 
 void HvRollingText::timerEvent(QTimerEvent* e)
 {
-    if (e->timerId() == d->settle.timerId()) {
-        settle();
-        return;
-    }
     if (e->timerId() != d->timerId) {
         QWidget::timerEvent(e);
         return;
