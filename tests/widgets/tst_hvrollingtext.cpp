@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QtTest>
 
-static const int FrameMs = 50;
+static const int FrameMs = 80;
 static const char Long[] = "A radio text far too long for its box, so it scrolls all the time";
 
 class tst_HvRollingText : public QObject
