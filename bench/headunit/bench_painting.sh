@@ -3,7 +3,7 @@
 # for one or more build folders side by side (say a build of an older
 # commit and the current one):
 #
-#   bench/headunit/bench_painting.sh [-s SECONDS] [-n RECORDS] BUILD_DIR...
+#   bench/headunit/bench_painting.sh [-s SECONDS] [-n RECORDS] [-r ROUNDS] BUILD_DIR...
 #
 # For each build, on one Xvfb server started here (1280x720x24): its
 # radio-tunersim serves a station whose radio text is too long for its box,
@@ -11,26 +11,28 @@
 # settle the script reads from /proc the shell's CPU time (all threads),
 # the X server's, and the shell's voluntary plus involuntary context
 # switches (all threads). The same for a text that fits, which must cost
-# nothing. Then the build's bench_statusflood floods RECORDS (default
-# 200000) records through the real shell on the same X server.
-#
-# The flood of a later build measured here ran 10-15 % slower than the same
-# build measured first: compare floods with the order swapped too.
+# nothing. Then each build's bench_statusflood floods RECORDS (default
+# 200000) records through the real shell on the same X server, in ROUNDS
+# (default 2) rounds whose order of builds alternates: a flood measured
+# later in a run was seen to run 10-15 % slower than the same build
+# measured first.
 #
 # Binds @kestrelhub and /tmp/_tnlk: run it alone, or under
 # ../shared/tools/iso. Needs Xvfb (xvfb), which `make test` installs.
 set -u
 seconds=20
 records=200000
-while getopts "s:n:" opt; do
+rounds=2
+while getopts "s:n:r:" opt; do
     case $opt in
     s) seconds=$OPTARG ;;
     n) records=$OPTARG ;;
+    r) rounds=$OPTARG ;;
     *) exit 64 ;;
     esac
 done
 shift $((OPTIND - 1))
-[ $# -ge 1 ] || { echo "usage: $0 [-s SECONDS] [-n RECORDS] BUILD_DIR..." >&2; exit 64; }
+[ $# -ge 1 ] || { echo "usage: $0 [-s SECONDS] [-n RECORDS] [-r ROUNDS] BUILD_DIR..." >&2; exit 64; }
 
 work=$(mktemp -d)
 display=:$((90 + RANDOM % 9))
@@ -79,7 +81,17 @@ for build in "$@"; do
     build=$(cd "$build" && pwd)
     rolling[$build]=$(measure "$build" "$long")
     fitting[$build]=$(measure "$build" "Short text")
-    flood[$build]=$(QT_QPA_PLATFORM=xcb "$build/bin/bench_statusflood" "$records" 2>&1 | grep -E '^(handled|GUI|resident|snapshots)')
+done
+order=()
+for build in "$@"; do order+=("$(cd "$build" && pwd)"); done
+for round in $(seq "$rounds"); do
+    for build in "${order[@]}"; do
+        flood[$build]+="round $round:"$'\n'$(QT_QPA_PLATFORM=xcb "$build/bin/bench_statusflood" "$records" 2>&1 |
+            grep -E '^(handled|GUI|resident|snapshots)')$'\n'
+    done
+    reversed=()
+    for ((i = ${#order[@]} - 1; i >= 0; i--)); do reversed+=("${order[i]}"); done
+    order=("${reversed[@]}")
 done
 
 # table TITLE ARRAY: one line per build of "shell-cpu% x-cpu% switches/s".
@@ -97,5 +109,5 @@ table "build: scrolling radio text, $seconds s" rolling
 table "build: radio text that fits" fitting
 for build in "$@"; do
     build=$(cd "$build" && pwd)
-    printf '\nflood of %s records, %s:\n%s\n' "$records" "$build" "${flood[$build]}"
+    printf '\nflood of %s records, %s:\n%s' "$records" "$build" "${flood[$build]}"
 done

@@ -55,7 +55,9 @@ protected:
 private:
     QFont textFont() const;
     int gap() const;
+    int measuredWidth() const;
     void relayout();
+    void settle();
     void updateTimer();
 
     struct Private;

@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QtTest>
 
-static const int FrameMs = 50;
+static const int FrameMs = 80;
 static const char Long[] = "A radio text far too long for its box, so it scrolls all the time";
 
 class tst_HvRollingText : public QObject
@@ -16,7 +16,7 @@ private slots:
     void frames();
 };
 
-// Steps: 'l' long text, 's' short text, 'h' hide, 'f' a frame.
+// Steps: 'l' long text, 's' short text, 'h' hide, 'S' show, 'f' a frame.
 void tst_HvRollingText::frames_data()
 {
     QTest::addColumn<QString>("steps");
@@ -26,6 +26,7 @@ void tst_HvRollingText::frames_data()
     QTest::newRow("too wide scrolls while shown") << "lf" << true << true;
     QTest::newRow("hidden, no frames") << "lh" << true << false;
     QTest::newRow("shortened, frames stop") << "lfs" << false << false;
+    QTest::newRow("set while hidden, frames once shown") << "hlSf" << true << true;
 }
 
 // Between its faded edges a frame shows the text as drawn whole, moved by whole pixels.
@@ -41,6 +42,7 @@ void tst_HvRollingText::frames()
         case 'l': text.setText(QLatin1String(Long)); break;
         case 's': text.setText(QStringLiteral("Short")); break;
         case 'h': text.hide(); break;
+        case 'S': text.show(); break;
         case 'f': QTRY_VERIFY(ObjectTimers::fire(&text, FrameMs) && text.scrollOffset() > 0); break;
         }
     }

@@ -169,7 +169,14 @@ TunerView::~TunerView()
 
 void TunerView::setBackground(const QPixmap& pixmap)
 {
-    m_pUi->bkg->setPixmap(pixmap);
+    QLabel* bkg = m_pUi->bkg;
+    bkg->setPixmap(pixmap);
+    // A wallpaper without transparency that covers the view hides all
+    // below it: the empty view and the window under it are not painted
+    // again for every update of the screen.
+    const QRect shown(bkg->pos(), pixmap.size() / pixmap.devicePixelRatio());
+    setAttribute(Qt::WA_OpaquePaintEvent, !pixmap.isNull() && !pixmap.hasAlphaChannel()
+                                              && bkg->geometry().contains(rect()) && shown.contains(rect()));
 }
 
 void TunerView::restartTimer(int& id, int ms)

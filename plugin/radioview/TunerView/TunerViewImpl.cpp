@@ -21,7 +21,10 @@
 #include "SetupStrIdConst.h"
 #include "UIManager.h"
 
+#include <QCoreApplication>
 #include <QDebug>
+#include <QElapsedTimer>
+#include <QPointer>
 #include <QEvent>
 #include <QTimerEvent>
 
@@ -32,6 +35,8 @@ namespace {
 
 // Start-up list request, repeated until the tuner has answered.
 constexpr int RequestIntervalMs = 560;
+// Longest run of waiting records handled between two paints: a frame.
+constexpr int DrainFrameMs = 16;
 
 // takeScreen() is skipped once per process: at the first construction that
 // finds last-memory source 0.
@@ -214,6 +219,33 @@ void TunerViewImpl::HandleTunerMsgSlot(const RadioCmdFromMCU_T& record)
     // ordered after that delivery, it is read here as a whole.
     m_pTuner.waitForDelivery();
     m_pTuner.recordHandled(this);
+    ++m_recordsHandled;
+    handleRecord(record);
+    if (!m_bDraining)
+        handleWaitingRecords();
+}
+
+// The records that came in meanwhile are handled before the screen is
+// painted again, each as it would be on its own: under a flood the screen
+// is painted once a frame instead of once per few records. Painting, input
+// and snapshots wait at most a frame.
+void TunerViewImpl::handleWaitingRecords()
+{
+    const QPointer<TunerViewImpl> self(this);
+    m_bDraining = true;
+    QElapsedTimer frame;
+    frame.start();
+    for (quint64 before = 0; before != m_recordsHandled && frame.elapsed() < DrainFrameMs;) {
+        before = m_recordsHandled;
+        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+        if (!self)
+            return;
+    }
+    m_bDraining = false;
+}
+
+void TunerViewImpl::handleRecord(const RadioCmdFromMCU_T& record)
+{
     RadioCmdFromMCU_T msg = record;
     TunerView* view = m_pTunerView;
     if (!view)

@@ -126,6 +126,8 @@ protected:
     void changeEvent(QEvent* e) override;
 
 private:
+    void handleRecord(const RadioCmdFromMCU_T& record);
+    void handleWaitingRecords();
     // msg is the slot's own copy of the record.
     void handleTuneInfo(tag_RadioCmdFromMCU& msg);
     void handleRdsFlags(const tag_RadioCmdFromMCU& msg);
@@ -152,6 +154,8 @@ private:
     unsigned int m_radioFlag = 0;
     int m_radioRegion = 12;
     int m_requestTimerId = 0;
+    quint64 m_recordsHandled = 0;
+    bool m_bDraining = false;
     // Set once sglRecvedTunerMsg reaches HandleTunerMsgSlot; read by the
     // reader thread.
     std::atomic<bool> m_bHandOverWired{false};
