@@ -62,8 +62,6 @@ void CaptureReplay::playDue()
 
 void CaptureReplay::checkFinished()
 {
-    if (m_finished || m_next < m_records.size())
-        return;
-    m_finished = true;
-    emit finished();
+    if (m_next >= m_records.size())
+        emit finished();
 }

@@ -26,7 +26,7 @@ public:
     int played() const { return m_next; }
 
 signals:
-    // Every record is in the socket.
+    // Every record is in the socket (once: nothing is sent after it).
     void finished();
 
 private:
@@ -45,7 +45,6 @@ private:
     qint64 m_startUs = 0;
     QElapsedTimer m_clock;
     QTimer m_timer;
-    bool m_finished = false;
 };
 
 #endif
