@@ -3,9 +3,10 @@
 #include "LinkLog.h"
 #include "RadioCmdFromMCU.h"
 
-#include <cerrno>
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
@@ -135,6 +136,13 @@ std::string LinkCapture::fileError() const
 // process: a batch is in the file when it has been written.
 void LinkCapture::run()
 {
+    // A FIFO whose reader went away fails the write with EPIPE instead of
+    // raising SIGPIPE, which would end the head unit.
+    sigset_t pipe;
+    sigemptyset(&pipe);
+    sigaddset(&pipe, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &pipe, nullptr);
+
     const auto nap = std::chrono::milliseconds(10);
     bool napped = false;
     const auto ready = [this] { return m_count > 0 || m_stopping; };

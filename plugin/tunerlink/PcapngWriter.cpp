@@ -5,6 +5,7 @@
 #include <climits>
 #include <cstring>
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 namespace {
@@ -102,15 +103,14 @@ bool PcapngWriter::open(const std::string& path, std::string* error)
         ::close(m_fd);
     m_size = 0;
     m_started = false;
-    // Opened without blocking: a FIFO nobody reads fails at once instead of
-    // holding the caller. Writes block again, on the capture's own thread.
+    // Never blocking: a FIFO nobody reads fails at once instead of holding
+    // the caller, and one whose reader stalls is waited for a while only.
     m_fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0644);
     if (m_fd < 0) {
         if (error)
             *error = std::strerror(errno);
         return false;
     }
-    fcntl(m_fd, F_SETFL, fcntl(m_fd, F_GETFL) & ~O_NONBLOCK);
 
     std::string shb;
     put<uint32_t>(shb, kByteOrderMagic);
@@ -245,13 +245,24 @@ bool PcapngWriter::writeBlock(uint32_t type, const std::string& body)
     return true;
 }
 
-// Goes on after a partial write, as a pipe or a full disk may make one.
+// Goes on after a partial write, as a pipe or a full disk may make one. A
+// pipe that takes nothing for StallMs fails with ETIMEDOUT, so that whoever
+// stops the capture is not held by a reader that went to sleep.
 bool PcapngWriter::writeAll(iovec* iov, size_t count)
 {
     while (count > 0) {
         const ssize_t n = ::writev(m_fd, iov, static_cast<int>(std::min<size_t>(count, IOV_MAX)));
         if (n < 0 && errno == EINTR)
             continue;
+        if (n < 0 && errno == EAGAIN) {
+            pollfd room{m_fd, POLLOUT, 0};
+            const int ready = ::poll(&room, 1, StallMs);
+            if (ready == 0)
+                errno = ETIMEDOUT;
+            if (ready <= 0 && errno != EINTR)
+                return false;
+            continue;
+        }
         if (n <= 0)
             return false;
         size_t done = static_cast<size_t>(n);

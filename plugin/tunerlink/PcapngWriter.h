@@ -24,6 +24,8 @@ public:
         ToService = 1,    // a command frame the link wrote
     };
     static const uint16_t LinkTypeUser0 = 147;
+    // How long a write waits for a pipe whose reader takes nothing.
+    static const int StallMs = 5000;
 
     PcapngWriter() = default;
     ~PcapngWriter();
