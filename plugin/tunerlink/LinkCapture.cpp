@@ -17,9 +17,9 @@ struct LinkCapture::Slot {
     uint16_t len;
     PcapngWriter::Direction dir;
     bool reconnect;
-    unsigned char bytes[sizeof(tag_RadioCmdFromMCU)];
-    // Filled by the writer.
-    char comment[96];
+    // The packet's block: the bytes at HeadBytes, the rest filled in by the
+    // writer.
+    char block[PcapngWriter::HeadBytes + sizeof(tag_RadioCmdFromMCU) + PcapngWriter::MaxTailBytes];
 };
 
 LinkCapture::LinkCapture() = default;
@@ -81,8 +81,8 @@ void LinkCapture::add(PcapngWriter::Direction dir, const void* data, size_t len)
     if (!m_running.load(std::memory_order_acquire))
         return;
     const uint64_t timeUs = nowUs();
-    if (len > sizeof(Slot::bytes))
-        len = sizeof(Slot::bytes);
+    if (len > sizeof(tag_RadioCmdFromMCU))
+        len = sizeof(tag_RadioCmdFromMCU);
     bool wake;
     {
         std::lock_guard<std::mutex> guard(m_lock);
@@ -99,7 +99,7 @@ void LinkCapture::add(PcapngWriter::Direction dir, const void* data, size_t len)
         slot.len = static_cast<uint16_t>(len);
         slot.dir = dir;
         slot.reconnect = m_reconnected;
-        std::memcpy(slot.bytes, data, len);
+        std::memcpy(slot.block + PcapngWriter::HeadBytes, data, len);
         m_pendingDrops = 0;
         m_reconnected = false;
         ++m_count;
@@ -180,21 +180,22 @@ void LinkCapture::writeBatch(Slot* slots, int count)
     int taken = 0;
     for (; taken < count && m_writer.isOpen(); ++taken) {
         Slot& slot = slots[taken];
-        slot.comment[0] = '\0';
+        char comment[96] = "";
         const auto drops = static_cast<unsigned long long>(slot.dropsBefore);
         if (slot.reconnect && drops > 0)
-            std::snprintf(slot.comment, sizeof slot.comment, "link connected again; %llu packets before this one not captured", drops);
+            std::snprintf(comment, sizeof comment, "link connected again; %llu packets before this one not captured", drops);
         else if (slot.reconnect)
-            std::snprintf(slot.comment, sizeof slot.comment, "link connected again");
+            std::snprintf(comment, sizeof comment, "link connected again");
         else if (drops > 0)
-            std::snprintf(slot.comment, sizeof slot.comment, "%llu packets before this one not captured", drops);
-        const PcapngWriter::Packet packet{slot.timeUs, slot.dir, slot.bytes, slot.len, slot.dropsBefore, slot.comment};
-        const uint64_t bytes = PcapngWriter::blockSize(packet);
+            std::snprintf(comment, sizeof comment, "%llu packets before this one not captured", drops);
+        const size_t bytes = PcapngWriter::encode(slot.block, {slot.timeUs, slot.dir, slot.len, slot.dropsBefore, comment});
         if (m_maxBytes > 0 && m_filePackets + m_batch.size() > 0 && m_writer.size() + m_batchBytes + bytes > m_maxBytes
             && !(writePending() && rotate()))
             break;
         m_fileDropped += slot.dropsBefore;
-        m_batch.push_back(packet);
+        if (m_batch.empty())
+            m_batchStartUs = slot.timeUs;
+        m_batch.push_back({slot.block, bytes});
         m_batchBytes += bytes;
     }
     writePending();
@@ -207,7 +208,7 @@ void LinkCapture::writeBatch(Slot* slots, int count)
 bool LinkCapture::writePending()
 {
     const size_t count = m_batch.size();
-    const bool written = count == 0 || m_writer.writePackets(m_batch.data(), count);
+    const bool written = count == 0 || m_writer.writeBlocks(m_batch.data(), count, m_batchStartUs);
     m_batch.clear();
     m_batchBytes = 0;
     if (written) {

@@ -77,9 +77,10 @@ private:
     // Dropped since the current file was opened: its statistics block.
     uint64_t m_fileDropped = 0;
     uint64_t m_filePackets = 0;
-    // Packets of the batch being written, not yet handed to the writer.
-    std::vector<PcapngWriter::Packet> m_batch;
+    // Blocks of the batch being written, not yet handed to the writer.
+    std::vector<iovec> m_batch;
     uint64_t m_batchBytes = 0;
+    uint64_t m_batchStartUs = 0;
 
     // Guards everything below. The writer reads a slot outside the lock:
     // slots from m_head for m_count belong to it until it advances m_head.

@@ -73,10 +73,6 @@ void endOptions(std::string& out)
     put<uint16_t>(out, 0);
 }
 
-// Room for a block's head (its fixed fields and the direction byte) and
-// its tail (padding, options, trailing length) in the scratch buffer.
-const size_t kHeadBytes = 32;
-const size_t kTailBytes = 224;
 const size_t kMaxComment = 160;
 
 size_t padded(size_t n)
@@ -139,76 +135,67 @@ bool PcapngWriter::open(const std::string& path, std::string* error)
     return true;
 }
 
-size_t PcapngWriter::blockSize(const Packet& packet)
+size_t PcapngWriter::encode(char* block, const Packet& packet)
 {
+    const uint32_t captured = static_cast<uint32_t>(packet.len + 1);
     const size_t comment = commentLength(packet.comment);
-    return 28 + padded(packet.len + 1) + 8 + (packet.dropsBefore > 0 ? 12 : 0) + (comment > 0 ? 4 + padded(comment) : 0)
-        + 4 + 4;
+    const uint32_t total = static_cast<uint32_t>(28 + padded(captured) + 8 + (packet.dropsBefore > 0 ? 12 : 0)
+                                                 + (comment > 0 ? 4 + padded(comment) : 0) + 4 + 4);
+    char* p = block;
+    const auto put32 = [&p](uint32_t v) { std::memcpy(p, &v, 4), p += 4; };
+    const auto putOptionHead = [&p](uint16_t code, size_t length) {
+        const uint16_t fields[2] = {code, static_cast<uint16_t>(length)};
+        std::memcpy(p, fields, 4), p += 4;
+    };
+    put32(kEnhancedPacket);
+    put32(total);
+    put32(0);  // interface
+    put32(static_cast<uint32_t>(packet.timeUs >> 32));
+    put32(static_cast<uint32_t>(packet.timeUs));
+    put32(captured);
+    put32(captured);
+    *p++ = static_cast<char>(packet.dir);
+    p += packet.len;
+    std::memset(p, 0, padded(captured) - captured);
+    p += padded(captured) - captured;
+    putOptionHead(kEpbFlags, 4);
+    put32(packet.dir == FromService ? kInbound : kOutbound);
+    if (packet.dropsBefore > 0) {
+        putOptionHead(kEpbDropCount, 8);
+        std::memcpy(p, &packet.dropsBefore, 8), p += 8;
+    }
+    if (comment > 0) {
+        putOptionHead(kOptComment, comment);
+        std::memcpy(p, packet.comment, comment);
+        std::memset(p + comment, 0, padded(comment) - comment);
+        p += padded(comment);
+    }
+    putOptionHead(kOptEnd, 0);
+    put32(total);
+    return total;
 }
 
 bool PcapngWriter::writePacket(uint64_t timeUs, Direction dir, const void* data, size_t len, uint64_t dropsBefore,
                                const char* comment)
 {
-    const Packet packet{timeUs, dir, data, len, dropsBefore, comment};
-    return writePackets(&packet, 1);
+    m_scratch.resize(HeadBytes + len + MaxTailBytes);
+    std::memcpy(&m_scratch[HeadBytes], data, len);
+    iovec block{&m_scratch[0], encode(&m_scratch[0], Packet{timeUs, dir, len, dropsBefore, comment})};
+    return writeBlocks(&block, 1, timeUs);
 }
 
-// The capture writes a block per record: the heads and tails are built in
-// a scratch buffer and the payloads go to the kernel from where they are,
-// copied once, in as few calls as writev allows.
-bool PcapngWriter::writePackets(const Packet* packets, size_t count)
+bool PcapngWriter::writeBlocks(iovec* blocks, size_t count, uint64_t firstTimeUs)
 {
     if (m_fd < 0)
         return false;
     if (count > 0 && !m_started) {
-        m_startUs = packets[0].timeUs;
+        m_startUs = firstTimeUs;
         m_started = true;
     }
-    if (m_scratch.size() < count * (kHeadBytes + kTailBytes))
-        m_scratch.resize(count * (kHeadBytes + kTailBytes));
-    m_iov.clear();
     size_t bytes = 0;
-    for (size_t i = 0; i < count; ++i) {
-        const Packet& packet = packets[i];
-        const uint32_t captured = static_cast<uint32_t>(packet.len + 1);
-        const uint32_t total = static_cast<uint32_t>(blockSize(packet));
-        char* const head = &m_scratch[i * (kHeadBytes + kTailBytes)];
-        char* p = head;
-        const auto put32 = [&p](uint32_t v) { std::memcpy(p, &v, 4), p += 4; };
-        const auto putOptionHead = [&p](uint16_t code, size_t length) {
-            const uint16_t fields[2] = {code, static_cast<uint16_t>(length)};
-            std::memcpy(p, fields, 4), p += 4;
-        };
-        put32(kEnhancedPacket);
-        put32(total);
-        put32(0);  // interface
-        put32(static_cast<uint32_t>(packet.timeUs >> 32));
-        put32(static_cast<uint32_t>(packet.timeUs));
-        put32(captured);
-        put32(captured);
-        *p = static_cast<char>(packet.dir);
-        m_iov.push_back({head, 29});
-        m_iov.push_back({const_cast<void*>(packet.data), packet.len});
-
-        char* const tail = head + kHeadBytes;
-        std::memset(tail, 0, 4);  // the payload's padding
-        p = tail + (padded(captured) - captured);
-        putOptionHead(kEpbFlags, 4);
-        put32(packet.dir == FromService ? kInbound : kOutbound);
-        if (packet.dropsBefore > 0) {
-            putOptionHead(kEpbDropCount, 8);
-            std::memcpy(p, &packet.dropsBefore, 8), p += 8;
-        }
-        if (const size_t comment = commentLength(packet.comment)) {
-            putOptionHead(kOptComment, comment);
-            std::memcpy(p, packet.comment, comment), p += padded(comment);
-        }
-        putOptionHead(kOptEnd, 0);
-        put32(total);
-        m_iov.push_back({tail, size_t(p - tail)});
-        bytes += total;
-    }
-    if (!writeAll(m_iov.data(), m_iov.size()))
+    for (size_t i = 0; i < count; ++i)
+        bytes += blocks[i].iov_len;
+    if (!writeAll(blocks, count))
         return false;
     m_size += bytes;
     return true;

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <sys/uio.h>
-#include <vector>
 
 // Writes the tuner link's traffic as a pcapng file that Wireshark, tshark
 // and libpcap read: one section, one interface of link type USER0, and one
@@ -40,20 +39,27 @@ public:
     // One enhanced packet block. dropsBefore counts the packets lost just
     // before this one (the block's drop counter); comment may be null and
     // is cut at 160 bytes.
+    bool writePacket(uint64_t timeUs, Direction dir, const void* data, size_t len,
+                     uint64_t dropsBefore = 0, const char* comment = nullptr);
+
+    // A block built where its payload already lies, so that a writer with
+    // many packets hands each to the kernel as one piece, copied once: the
+    // payload of len bytes at block + HeadBytes, room for MaxTailBytes
+    // after it. encode() fills in the rest and returns the block's size.
+    static const size_t HeadBytes = 29;
+    static const size_t MaxTailBytes = 200;
     struct Packet {
         uint64_t timeUs;
         Direction dir;
-        const void* data;
         size_t len;
         uint64_t dropsBefore;
         const char* comment;
     };
-    // Bytes the packet's block takes in the file.
-    static size_t blockSize(const Packet& packet);
-    // Nothing is buffered: what returns true is in the file.
-    bool writePackets(const Packet* packets, size_t count);
-    bool writePacket(uint64_t timeUs, Direction dir, const void* data, size_t len,
-                     uint64_t dropsBefore = 0, const char* comment = nullptr);
+    static size_t encode(char* block, const Packet& packet);
+    // Blocks made by encode(), in as few calls as writev allows. Nothing is
+    // buffered: what returns true is in the file.
+    bool writeBlocks(iovec* blocks, size_t count, uint64_t firstTimeUs);
+
     // Writes the interface statistics (the packets dropped while this file
     // was written) and closes the file.
     void close(uint64_t timeUs, uint64_t dropped);
@@ -66,9 +72,8 @@ private:
     bool writeAll(iovec* iov, size_t count);
 
     int m_fd = -1;
-    // The blocks' heads and tails, reused from call to call.
+    // writePacket()'s block.
     std::string m_scratch;
-    std::vector<iovec> m_iov;
     uint64_t m_size = 0;
     uint64_t m_startUs = 0;
     bool m_started = false;
