@@ -53,7 +53,6 @@ bool LinkCapture::start(const std::string& path, uint64_t maxBytes, std::string*
         m_stopping = m_reconnected = false;
         m_writerState = Busy;
         m_dropped = m_pendingDrops = 0;
-        m_fileError.clear();
     }
     m_thread = std::thread(&LinkCapture::run, this);
     m_running.store(true, std::memory_order_release);
@@ -122,12 +121,6 @@ uint64_t LinkCapture::dropped() const
 {
     std::lock_guard<std::mutex> guard(m_lock);
     return m_dropped;
-}
-
-std::string LinkCapture::fileError() const
-{
-    std::lock_guard<std::mutex> guard(m_lock);
-    return m_fileError;
 }
 
 // The writer thread. It takes what is queued in one go and, when the
@@ -216,11 +209,9 @@ bool LinkCapture::writePending()
         m_filePackets += count;
         return true;
     }
-    const std::string error = std::strerror(errno);
-    linkLog("Radio capture write to %s failed: %s\n", m_path.c_str(), error.c_str());
+    linkLog("Radio capture write to %s failed: %s\n", m_path.c_str(), std::strerror(errno));
     m_writer.close(nowUs(), m_fileDropped);
     std::lock_guard<std::mutex> guard(m_lock);
-    m_fileError = error;
     m_dropped += count;
     return false;
 }
@@ -240,7 +231,5 @@ bool LinkCapture::rotate()
     if (m_writer.open(m_path, &error))
         return true;
     linkLog("Radio capture to %s failed: %s\n", m_path.c_str(), error.c_str());
-    std::lock_guard<std::mutex> guard(m_lock);
-    m_fileError = error;
     return false;
 }

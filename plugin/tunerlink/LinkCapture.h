@@ -55,8 +55,6 @@ public:
     // the last start().
     uint64_t written() const { return m_written.load(); }
     uint64_t dropped() const;
-    // The writer's last file error (open after rotation, write), if any.
-    std::string fileError() const;
 
     static uint64_t nowUs();
 
@@ -94,7 +92,6 @@ private:
     bool m_reconnected = false;
     uint64_t m_dropped = 0;
     uint64_t m_pendingDrops = 0;
-    std::string m_fileError;
 };
 
 #endif
